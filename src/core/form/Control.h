@@ -1,0 +1,67 @@
+#pragma once
+// The part every control of a form model has: its name, its place in twips
+// (15 to a pixel), visibility, colours and the input events the host forwards.
+
+#include <functional>
+#include <string>
+
+#include "core/form/Picture.h"
+#include "core/form/Property.h"
+
+namespace yarvo {
+
+class Form;
+
+enum class MouseButton { None = 0, Left = 1, Right = 2, Middle = 4 };
+
+// A pointer event; x and y are twips relative to the control.
+struct MouseEvent {
+  MouseButton button = MouseButton::None;
+  int shift = 0;  // 1 Shift, 2 Ctrl, 4 Alt
+  double x = 0;
+  double y = 0;
+};
+
+class Control {
+ public:
+  // Registers the control with its form, which lists it for the host.
+  Control(Form* owner, std::string name, int index = -1);
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
+
+  const std::string& Name() const { return name_; }
+  int Index() const { return index_; }  // -1 when not in a control array
+  Form& Owner() const { return *owner_; }
+
+  Property<int> Left{0};
+  Property<int> Top{0};
+  Property<int> Width{0};
+  Property<int> Height{0};
+  Property<bool> Visible{true};
+  Property<bool> Enabled{true};
+  Property<Colour> ForeColor{0x000000};
+  Property<Colour> BackColor{0xFFFFFF};
+  StringField ToolTipText;
+  Property<int> MousePointer{0};
+
+  void Move(int left, int top, int width, int height);
+  bool Contains(double x, double y) const;
+
+  std::function<void()> Click;
+  std::function<void()> DblClick;
+  std::function<void(const MouseEvent&)> MouseDown;
+  std::function<void(const MouseEvent&)> MouseMove;
+  std::function<void(const MouseEvent&)> MouseUp;
+  std::function<void(int& keyCode, int shift)> KeyDown;
+  std::function<void(int& keyCode, int shift)> KeyUp;
+  std::function<void()> GotFocus;
+  std::function<void()> LostFocus;
+
+ private:
+  Form* owner_;
+  std::string name_;
+  int index_;
+};
+
+}  // namespace yarvo

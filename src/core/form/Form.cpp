@@ -1,0 +1,29 @@
+#include "core/form/Form.h"
+
+namespace yarvo {
+
+Form::Form(std::string name) : name_(std::move(name)) {
+  auto resized = [this] {
+    if (Resize) Resize();
+  };
+  Width.onChange(resized);
+  Height.onChange(resized);
+}
+
+Form::~Form() = default;
+
+Control* Form::FindControl(const std::string& name, int index) const {
+  for (Control* control : controls_) {
+    if (control->Name() == name && control->Index() == index) return control;
+  }
+  return nullptr;
+}
+
+void Form::Move(int left, int top, int width, int height) {
+  Left = left;
+  Top = top;
+  Width = width;
+  Height = height;
+}
+
+}  // namespace yarvo

@@ -1,0 +1,70 @@
+#pragma once
+// A window of the program as a plain object: its controls are members named
+// as the program names them, and its handlers are methods. The Qt host draws
+// what the model holds (15 twips to a pixel) and forwards input to it.
+//
+// Forms are made by the Program on their first reference; Load runs then.
+// The host calls QueryUnload and Unload when the platform closes the window.
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/form/Control.h"
+#include "core/form/Picture.h"
+#include "core/form/Property.h"
+
+namespace yarvo {
+
+enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
+
+class Form {
+ public:
+  explicit Form(std::string name);
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+  virtual ~Form();
+
+  const std::string& Name() const { return name_; }
+  // Every control of the form, in the order they were made (drawing order:
+  // later controls lie on top).
+  const std::vector<Control*>& Controls() const { return controls_; }
+  Control* FindControl(const std::string& name, int index = -1) const;
+
+  StringField Caption;
+  Property<int> Left{0};
+  Property<int> Top{0};
+  Property<int> Width{0};
+  Property<int> Height{0};
+  Property<bool> Visible{false};
+  Property<bool> Enabled{true};
+  Property<yarvo::WindowState> WindowState{yarvo::WindowState::Normal};
+  Property<Colour> BackColor{0x8000000F};
+  Property<yarvo::Picture> Icon;
+  Property<yarvo::Picture> Picture;
+  Property<int> MousePointer{0};
+
+  void Show() { Visible = true; }
+  void Hide() { Visible = false; }
+  void Move(int left, int top, int width, int height);
+
+  std::function<void()> Load;
+  std::function<void()> Activate;
+  std::function<void()> Deactivate;
+  std::function<void()> Resize;  // runs when Width or Height changes
+  std::function<void()> QueryUnload;
+  std::function<void()> Unload;
+  std::function<void(int& keyCode, int shift)> KeyDown;
+  std::function<void(const MouseEvent&)> MouseDown;
+  std::function<void(const MouseEvent&)> MouseMove;
+  std::function<void(const MouseEvent&)> MouseUp;
+
+ private:
+  friend class Control;
+  void Register(Control* control) { controls_.push_back(control); }
+
+  std::string name_;
+  std::vector<Control*> controls_;
+};
+
+}  // namespace yarvo

@@ -1,0 +1,39 @@
+#pragma once
+// A picture held by a control or an image slot: decoded pixels shared between
+// every holder, and the file they came from.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace yarvo {
+
+// 0x00BBGGRR, the program's colour value; a set top bit names a system colour.
+using Colour = std::uint32_t;
+
+struct Image {
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint32_t> argb;  // row-major, top row first, 0xAARRGGBB
+};
+
+class Picture {
+ public:
+  Picture() = default;
+  Picture(std::shared_ptr<const Image> image, std::string source)
+      : image_(std::move(image)), source_(std::move(source)) {}
+
+  bool Empty() const { return !image_; }
+  const Image* Pixels() const { return image_.get(); }
+  const std::string& Source() const { return source_; }
+
+  // Two pictures are the same when they share their pixels.
+  bool operator==(const Picture& other) const { return image_ == other.image_; }
+
+ private:
+  std::shared_ptr<const Image> image_;
+  std::string source_;
+};
+
+}  // namespace yarvo

@@ -1,0 +1,63 @@
+#pragma once
+// A value of a form model that tells when it changes.
+//
+// Controls keep their state in properties so that an assignment from code runs
+// the control's change handler, as a user's click does, and so that the Qt host
+// can tell that the model needs repainting. Single-threaded: models live on the
+// interface thread only.
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <utility>
+
+namespace yarvo {
+
+// Bumped by every change of any property; the host repaints when it moved.
+std::uint64_t& modelRevision();
+
+template <class T>
+class Property {
+ public:
+  Property() = default;
+  explicit Property(T initial) : value_(std::move(initial)) {}
+  // A property is a place, not a value: it is never copied, but assigning one
+  // property to another copies the value, as the program's code does.
+  Property(const Property&) = delete;
+  Property& operator=(const Property& other) {
+    set(other.value_);
+    return *this;
+  }
+
+  Property& operator=(T value) {
+    set(std::move(value));
+    return *this;
+  }
+
+  // Stores the value; runs the change handler only when the value differs.
+  void set(T value) {
+    if (value == value_) return;
+    value_ = std::move(value);
+    ++modelRevision();
+    if (onChange_) onChange_();
+  }
+
+  const T& get() const { return value_; }
+  operator const T&() const { return value_; }  // NOLINT: reads like the field it models
+
+  // The handler runs after the value has changed; one handler per property.
+  void onChange(std::function<void()> handler) { onChange_ = std::move(handler); }
+
+ private:
+  T value_{};
+  std::function<void()> onChange_;
+};
+
+template <class T, class U>
+bool operator==(const Property<T>& a, const U& b) {
+  return a.get() == b;
+}
+
+using StringField = Property<std::string>;
+
+}  // namespace yarvo

@@ -1,0 +1,154 @@
+#include "platform/qt/FormHost.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <ranges>
+
+#include "core/form/Form.h"
+#include "platform/qt/ControlPainter.h"
+#include "platform/qt/QtEvents.h"
+#include "platform/qt/VirtualKey.h"
+
+namespace yarvo {
+
+namespace {
+
+constexpr const char* kProgramName = "Yarvo Player";
+
+QString WindowTitle(const std::string& caption) {
+  QString title = QString::fromStdString(caption);
+  if (!title.contains(kProgramName)) title += title.isEmpty() ? kProgramName : QString(" - ") + kProgramName;
+  return title;
+}
+
+int ToTwips(int pixels) { return pixels * kTwipsPerPixel; }
+
+MouseEvent ToMouseEvent(const QMouseEvent& event, const Control* control) {
+  MouseEvent out;
+  out.button = event.button() == Qt::RightButton    ? MouseButton::Right
+               : event.button() == Qt::MiddleButton ? MouseButton::Middle
+                                                    : MouseButton::Left;
+  out.shift = ShiftState(event.modifiers());
+  out.x = ToTwips(event.position().toPoint().x()) - (control ? control->Left.get() : 0);
+  out.y = ToTwips(event.position().toPoint().y()) - (control ? control->Top.get() : 0);
+  return out;
+}
+
+}  // namespace
+
+FormHost::FormHost(Form& form) : form_(form) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  Sync();
+}
+
+void FormHost::Sync() {
+  syncing_ = true;
+  const QString title = WindowTitle(form_.Caption);
+  if (windowTitle() != title) setWindowTitle(title);
+  const QRect wanted(form_.Left / kTwipsPerPixel, form_.Top / kTwipsPerPixel,
+                     std::max(1, form_.Width / kTwipsPerPixel), std::max(1, form_.Height / kTwipsPerPixel));
+  if (geometry() != wanted) setGeometry(wanted);
+  if (isVisible() != form_.Visible.get()) setVisible(form_.Visible);
+  const bool minimized = form_.WindowState == WindowState::Minimized;
+  if (isMinimized() != minimized) setWindowState(minimized ? Qt::WindowMinimized : Qt::WindowNoState);
+  update();
+  syncing_ = false;
+}
+
+void FormHost::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), ToQColor(form_.BackColor, palette()));
+  if (const Image* image = form_.Picture.get().Pixels()) {
+    painter.drawImage(QPoint(0, 0), QImage(reinterpret_cast<const uchar*>(image->argb.data()),
+                                           image->width, image->height, QImage::Format_ARGB32));
+  }
+  for (const Control* control : form_.Controls()) {
+    if (control->Visible) PaintControl(painter, *control, palette());
+  }
+}
+
+void FormHost::closeEvent(QCloseEvent* event) {
+  // The window system's close runs the form's own close route; the form
+  // decides whether and how the window goes away.
+  event->ignore();
+  QtEvents::Dispatch([this] {
+    if (form_.QueryUnload) form_.QueryUnload();
+    if (form_.Unload) {
+      form_.Unload();
+    } else {
+      form_.Hide();
+    }
+  });
+}
+
+Control* FormHost::ControlAt(const QPoint& pixel) const {
+  const double x = ToTwips(pixel.x());
+  const double y = ToTwips(pixel.y());
+  for (Control* control : form_.Controls() | std::views::reverse) {
+    if (control->Visible && control->Enabled && control->Contains(x, y)) return control;
+  }
+  return nullptr;
+}
+
+void FormHost::mousePressEvent(QMouseEvent* event) {
+  Control* control = ControlAt(event->position().toPoint());
+  const MouseEvent e = ToMouseEvent(*event, control);
+  QtEvents::Dispatch([&] {
+    if (control && control->MouseDown) {
+      control->MouseDown(e);
+    } else if (!control && form_.MouseDown) {
+      form_.MouseDown(e);
+    }
+  });
+}
+
+void FormHost::mouseReleaseEvent(QMouseEvent* event) {
+  Control* control = ControlAt(event->position().toPoint());
+  const MouseEvent e = ToMouseEvent(*event, control);
+  QtEvents::Dispatch([&] {
+    if (!control) {
+      if (form_.MouseUp) form_.MouseUp(e);
+      return;
+    }
+    if (control->MouseUp) control->MouseUp(e);
+    if (e.button == MouseButton::Left && control->Click) control->Click();
+  });
+}
+
+void FormHost::mouseDoubleClickEvent(QMouseEvent* event) {
+  Control* control = ControlAt(event->position().toPoint());
+  QtEvents::Dispatch([&] {
+    if (control && control->DblClick) control->DblClick();
+  });
+}
+
+void FormHost::keyPressEvent(QKeyEvent* event) {
+  int keyCode = VirtualKeyCode(*event);
+  if (keyCode == 0) return QWidget::keyPressEvent(event);
+  const int shift = ShiftState(event->modifiers());
+  QtEvents::Dispatch([&] {
+    if (form_.KeyDown) form_.KeyDown(keyCode, shift);
+  });
+}
+
+void FormHost::moveEvent(QMoveEvent*) {
+  if (syncing_) return;
+  QtEvents::Dispatch([this] {
+    form_.Left = ToTwips(x());
+    form_.Top = ToTwips(y());
+  });
+}
+
+void FormHost::resizeEvent(QResizeEvent*) {
+  if (syncing_) return;
+  QtEvents::Dispatch([this] {
+    form_.Width = ToTwips(width());
+    form_.Height = ToTwips(height());
+  });
+}
+
+}  // namespace yarvo

@@ -1,0 +1,41 @@
+#pragma once
+// A real top-level window that shows one form model and forwards the user's
+// input to it. Geometry comes from the model in twips (15 to a pixel); the
+// window title is the form's caption, with "Yarvo Player" added where the
+// caption lacks it, so the desktop's task list names the program.
+
+#include <QWidget>
+
+namespace yarvo {
+
+class Form;
+class Control;
+
+inline constexpr int kTwipsPerPixel = 15;
+
+class FormHost final : public QWidget {
+ public:
+  explicit FormHost(Form& form);
+
+  Form& Model() const { return form_; }
+  // Brings the window in line with the model: title, place, size, visibility.
+  void Sync();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  Control* ControlAt(const QPoint& pixel) const;
+
+  Form& form_;
+  bool syncing_ = false;
+};
+
+}  // namespace yarvo

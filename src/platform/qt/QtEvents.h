@@ -1,0 +1,16 @@
+#pragma once
+// The one place where the program's events meet the Qt event loop: runs a
+// handler as an event and turns the program's end into the loop's exit. No
+// exception of ours crosses into Qt.
+
+#include <functional>
+
+namespace yarvo::QtEvents {
+
+// Runs `handler` (see RunEvent). When the handler ends the process, the
+// event loop is told to quit with the exit code and later events are dropped.
+void Dispatch(const std::function<void()>& handler);
+
+bool Ending();
+
+}  // namespace yarvo::QtEvents

@@ -1,0 +1,50 @@
+// Yarvo Player: starts the program with its Qt windows.
+
+#include <QApplication>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "core/Program.h"
+#include "core/form/Events.h"
+#include "core/form/RuntimeError.h"
+#include "platform/PosixProcess.h"
+#include "platform/qt/QtDesktop.h"
+#include "platform/qt/QtTimerScheduler.h"
+#include "platform/qt/WindowHosts.h"
+#include "windows/Main.h"
+
+namespace {
+
+// With no display the player still runs, on Qt's offscreen platform.
+void ChooseOffscreenWithoutDisplay() {
+  const bool display = std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY");
+  if (!display) setenv("QT_QPA_PLATFORM", "offscreen", 0);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  yarvo::WindowHosts::CatchTermination();
+  ChooseOffscreenWithoutDisplay();
+  // The whole command line is one path: Qt must not take options from it.
+  std::vector<std::string> arguments(argv + 1, argv + argc);
+  int qtArgc = 1;
+  QApplication app(qtArgc, argv);
+  QApplication::setApplicationName("Yarvo Player");
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  yarvo::PosixProcess process(std::move(arguments));
+  yarvo::QtTimerScheduler scheduler;
+  yarvo::QtDesktop desktop;
+  yarvo::Program program({scheduler, desktop, process});
+  yarvo::WindowHosts hosts(program);
+  try {
+    yarvo::RunEvent([&] { program.Main(); });
+  } catch (const yarvo::ProcessEnd& end) {
+    return end.exitCode;
+  }
+  hosts.Sync();
+  return QApplication::exec();
+}

@@ -1,0 +1,101 @@
+#include "playlist/ClsPl.h"
+
+#include <exception>
+
+#include "core/Conversions.h"
+#include "core/DataForm.h"
+#include "core/Program.h"
+#include "core/form/RuntimeError.h"
+#include "platform/Desktop.h"
+#include "playlist/DataClass.h"
+#include "playlist/JumpForm.h"
+#include "playlist/Playlist.h"
+#include "windows/Main.h"
+
+namespace yarvo {
+
+namespace {
+
+// These helpers report their own run-time errors: the error's description in
+// a message box titled " Error".
+template <class Body>
+auto Reported(Body&& body) -> decltype(body()) {
+  try {
+    return body();
+  } catch (const std::exception& error) {
+    program().desktop().MsgBox(error.what(), " Error");
+    return decltype(body())();
+  }
+}
+
+}  // namespace
+
+std::string GetLastBackSlash(const std::string& Text) {
+  return Reported([&] {
+    const auto slash = Text.rfind('/');
+    return slash == std::string::npos ? Text : Text.substr(slash + 1);
+  });
+}
+
+std::string LeftOfLast(const std::string& Text, const std::string& Separator) {
+  return Reported([&] {
+    const auto at = Text.rfind(Separator);
+    return at == std::string::npos ? std::string() : Text.substr(0, at);
+  });
+}
+
+std::string TitleOf(const std::string& path) { return LeftOfLast(GetLastBackSlash(path), "."); }
+
+void ListNoChar(StringList& List1, StringList& List2) {
+  Reported([&] {
+    for (int i = 0; i < List2.ListCount(); ++i) {
+      List2.Selected(i);
+      List1.AddItem(TitleOf(List2.Text()));
+    }
+  });
+}
+
+void ListNoCharDragDrop(StringList& List1, StringList& List2) {
+  Reported([&] {
+    for (int i = 0; i < List2.ListCount(); ++i) {
+      List2.Selected(i);
+      const int at = CInt(program().DataForm().AddToIndex.get());
+      List1.AddItem(TitleOf(List2.Text()), at < 0 ? 0 : at);
+    }
+  });
+}
+
+void ExtractFilename(const std::string& /*FileName*/, const std::string& FullPath) {
+  Reported([&] {
+    auto& main = program().Main();
+    const std::string title = TitleOf(FullPath);
+    main.Titlu.Caption = title;
+    main.PiesaCurenta.Caption = title;
+  });
+}
+
+void StergeFisier() {
+  auto& p = program();
+  auto& picList = p.Playlist().PicList;
+  auto& paths = p.DataForm().ListaCale;
+  ResumeNext([&] {
+    const int row = picList.ListIndex();
+    if (row < 0) return;
+    // The removed title stays in the jump list until its next refresh.
+    p.JumpForm().Lista.SetText(picList.Text());
+    paths.Selected(row);
+    picList.RemoveItem(picList.ListIndex());
+    paths.RemoveItem(paths.ListIndex());
+  });
+}
+
+void SetJumpList() {
+  auto& p = program();
+  auto& lista = p.JumpForm().Lista;
+  const std::string file = p.DataForm().ProgramPath("/Data/playlist.data");
+  ResumeNext([&] { lista.Clear(); });
+  ResumeNext([&] { SalveazaData(file, p.Playlist().PicList); });
+  ResumeNext([&] { IncarcaData(file, lista); });
+}
+
+}  // namespace yarvo

@@ -1,0 +1,22 @@
+#include "playlist/MediaLibrary.h"
+
+namespace yarvo {
+
+MediaLibrary::MediaLibrary() : Form("MediaLibrary") {
+  Caption = "Yarvo Player - Intelligent playback";
+  Move(1200, 5400, 7725, 5025);
+  FrameLibrary.Visible = false;
+  FrameTop10.Visible = false;
+  ListaAsteptare.Visible = false;
+  for (int i = 0; i < 20; ++i) {
+    TopLabel(i).Caption = std::to_string(i + 1) + ".";
+    const int column = i / 10;
+    const int row = i % 10;
+    TopLabel(i).Move(240 + column * 3720, 1200 + row * 300, 400, 255);
+    Song(i).Move(660 + column * 3720, 1200 + row * 300, 2700, 255);
+    Song(i).ForeColor = 0xFFFFFF;
+    CountPlayed(i).Move(3360 + column * 3720, 1200 + row * 300, 300, 255);
+  }
+}
+
+}  // namespace yarvo

@@ -1,0 +1,77 @@
+#include "windows/Main.h"
+
+#include "core/ClsMain.h"
+#include "core/DataForm.h"
+#include "core/Program.h"
+#include "core/Version.h"
+#include "core/form/RuntimeError.h"
+#include "platform/Desktop.h"
+#include "platform/ProcessControl.h"
+
+namespace yarvo {
+
+Main::Main() : Form("Main") {
+  Caption = std::string("Yarvo Player ") + kVersionText;
+  Move(2000, 1200, 6525, 3885);
+  Visible = true;  // the start window shows once it has loaded
+  for (Control* working :
+       {static_cast<Control*>(&LbFileName(0)), static_cast<Control*>(&LbStatus(0)),
+        static_cast<Control*>(&LbResult(0)), static_cast<Control*>(&LbActualCx(0)),
+        static_cast<Control*>(&LbActualCy(0)), static_cast<Control*>(&LbCurrentCx(0)),
+        static_cast<Control*>(&LbCurrentCy(0)), static_cast<Control*>(&LbCurrentRate(0)),
+        static_cast<Control*>(&LbCurrPos(0)), static_cast<Control*>(&LbProgress(0)),
+        static_cast<Control*>(&StartMoveSlider), static_cast<Control*>(&FullScreenSec),
+        static_cast<Control*>(&PiesaCurenta), static_cast<Control*>(&PozInTop),
+        static_cast<Control*>(&txtFrom(0)), static_cast<Control*>(&TxtTo(0)),
+        static_cast<Control*>(&KeyFocus)}) {
+    working->Visible = false;
+  }
+  TSec.Move(360, 435, 975, 255);
+  TotalTime.Move(1455, 465, 495, 210);
+  StarePlayer.Move(240, 810, 915, 255);
+  labBitRate.Move(1200, 810, 810, 195);
+  Titlu.Move(2160, 480, 2535, 255);
+  InfoIDTag.Move(2160, 840, 2535, 240);
+  labSize.Move(240, 2025, 1800, 195);
+  labLength.Move(240, 2205, 1800, 195);
+  labLayer.Move(240, 2400, 1800, 195);
+  labFreqChan.Move(240, 2625, 1800, 195);
+  LabelVideo.Move(2985, 30, 1815, 195);
+  FrameVideo(0).Move(120, 4080, 5175, 3045);
+  FrameVideo(0).Visible = false;
+  SliderMoveMultimedia(0).Move(120, 3480, 3135, 255);
+  Volum.Move(3480, 3480, 1395, 255);
+
+  Load = [this] { Main_Form_Load(); };
+  QueryUnload = [this] { Main_Form_QueryUnload(); };
+  Unload = [this] { Main_Form_Unload(); };
+}
+
+void Main::Main_Form_Load() {
+  auto& p = program();
+  auto& store = p.DataForm();
+  ResumeNext([&] {
+    store.CaleYarvoPlayer.AddItem(p.process().ProgramFolder());
+    store.CaleYarvoPlayer.Selected(0);
+  });
+  ResumeNext([&] { Titlu.Caption = std::string("Yarvo Player ") + kVersionText; });
+  ResumeNext([&] { p.Playlist(); });
+  ResumeNext([&] { p.FormMeniuri(); });
+  ResumeNext([&] { p.Options(); });
+  ResumeNext([&] { p.MediaLibrary(); });
+  ResumeNext([&] { p.JumpForm(); });
+  ResumeNext([&] { ClsMain().LoadYarvo(); });
+  ResumeNext([&] { FrameVideo(0).Top = 370; });
+  ResumeNext([&] { KeyFocus.Left = -1000; });
+}
+
+void Main::Main_Form_QueryUnload() {
+  for (int i = 0; i <= 2; ++i) {
+    ResumeNext([&] { TimerMisc(i).Enabled = false; });
+    ResumeNext([&] { program().desktop().DoEvents(); });
+  }
+}
+
+void Main::Main_Form_Unload() { ClsMain().CloseYarvo(); }
+
+}  // namespace yarvo

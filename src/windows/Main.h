@@ -1,0 +1,69 @@
+#pragma once
+// The main window. Besides what it shows, its labels hold the playback state
+// that the director and the engines share (LbFileName(0), StarePlayer,
+// LbStatus(0) ...), so they exist whether or not the window shows.
+
+#include "core/form/ControlArray.h"
+#include "core/form/Form.h"
+#include "core/form/Label.h"
+#include "core/form/PictureBox.h"
+#include "core/form/Slider.h"
+#include "core/form/TextBox.h"
+#include "core/form/Timer.h"
+
+namespace yarvo {
+
+class Main : public Form {
+ public:
+  Main();
+
+  // Working labels: state of the playing file, never shown.
+  ControlArray<Label> LbFileName{this, "LbFileName", 1, std::string()};
+  Label StarePlayer{this, "StarePlayer", "Waiting"};
+  ControlArray<Label> LbStatus{this, "LbStatus", 1, std::string()};
+  ControlArray<Label> LbResult{this, "LbResult", 1, std::string("Result calling Function is : ")};
+  ControlArray<Label> LbActualCx{this, "LbActualCx", 1, std::string("-1")};
+  ControlArray<Label> LbActualCy{this, "LbActualCy", 1, std::string()};
+  ControlArray<Label> LbCurrentCx{this, "LbCurrentCx", 1, std::string()};
+  ControlArray<Label> LbCurrentCy{this, "LbCurrentCy", 1, std::string()};
+  ControlArray<Label> LbCurrentRate{this, "LbCurrentRate", 1, std::string("0")};
+  ControlArray<Label> LbCurrPos{this, "LbCurrPos", 1, std::string()};
+  ControlArray<Label> LbProgress{this, "LbProgress", 1, std::string()};
+  Label StartMoveSlider{this, "StartMoveSlider", "False"};
+  Label FullScreenSec{this, "FullScreenSec", "0"};
+  Label PiesaCurenta{this, "PiesaCurenta", "-"};
+  Label PozInTop{this, "PozInTop", "0"};
+  ControlArray<TextBox> txtFrom{this, "txtFrom", 1, std::string()};
+  ControlArray<TextBox> TxtTo{this, "TxtTo", 1, std::string()};
+
+  // What the window shows.
+  Label Titlu{this, "Titlu", "Yarvo Player"};
+  Label TSec{this, "TSec", "00:00"};
+  Label TotalTime{this, "TotalTime", "00:00"};
+  Label InfoIDTag{this, "InfoIDTag", "No media"};
+  Label LabelVideo{this, "LabelVideo", ""};
+  Label labSize{this, "labSize", "Size: 0"};
+  Label labLength{this, "labLength", "Length: 0"};
+  Label labLayer{this, "labLayer", "Not playing"};
+  Label labBitRate{this, "labBitRate", "0 Kbps"};
+  Label labFreqChan{this, "labFreqChan", "0 Frequency"};
+  ControlArray<PictureBox> FrameVideo{this, "FrameVideo", 1};
+  ControlArray<Slider> SliderMoveMultimedia{this, "SliderMoveMultimedia", 1, 0, 0, 0};
+  Slider Volum{this, "Volum", 0, 100, 0};
+  // Holds the keyboard focus for the shortcuts; moved outside the window.
+  TextBox KeyFocus{this, "KeyFocus"};
+
+  ControlArray<Timer> TimerMisc{this, "TimerMisc", 1, 500, false};
+  Timer TimeCounter{this, "TimeCounter", 1000, true};
+  Timer ScrollTextTimer{this, "ScrollTextTimer", 300, true};
+  Timer FullScreenTimer{this, "FullScreenTimer", 1000, false};
+  Timer FixWindows{this, "FixWindows", 100, true};
+  Timer FixImages{this, "FixImages", 1000, true};
+  Timer VersionCheck{this, "VersionCheck", 1000, false};
+
+  void Main_Form_Load();
+  void Main_Form_QueryUnload();
+  void Main_Form_Unload();
+};
+
+}  // namespace yarvo

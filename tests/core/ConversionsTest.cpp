@@ -1,0 +1,39 @@
+#include <gtest/gtest.h>
+
+#include "core/Conversions.h"
+#include "core/form/RuntimeError.h"
+
+namespace yarvo {
+namespace {
+
+TEST(Conversions, NumbersReadFromStoreText) {
+  EXPECT_DOUBLE_EQ(CDbl("4320"), 4320);
+  EXPECT_DOUBLE_EQ(CDbl(" -1 "), -1);
+  EXPECT_DOUBLE_EQ(CDbl("+2.5e1"), 25);
+  for (const char* bad : {"", " ", "1,5", "12abc", "True", "0x10"}) {
+    SCOPED_TRACE(bad);
+    EXPECT_THROW(CDbl(bad), RuntimeError);
+  }
+}
+
+TEST(Conversions, WholeNumbersRoundHalfToEvenAndOverflow) {
+  EXPECT_EQ(CInt(2.5), 2);
+  EXPECT_EQ(CInt(3.5), 4);
+  EXPECT_EQ(CInt(-2.5), -2);
+  EXPECT_EQ(CInt("32767"), 32767);
+  EXPECT_THROW(CInt("32768"), RuntimeError);
+  EXPECT_THROW(CInt(-32769.0), RuntimeError);
+  EXPECT_EQ(CLng("100000"), 100000);
+  EXPECT_THROW(CLng(3e9), RuntimeError);
+}
+
+TEST(Conversions, NumbersWrittenInShortestForm) {
+  EXPECT_EQ(Str(4320), "4320");
+  EXPECT_EQ(Str(-1), "-1");
+  EXPECT_EQ(Str(0.5), "0.5");
+  EXPECT_EQ(Str(-0.0), "0");
+  EXPECT_DOUBLE_EQ(CDbl(Str(1.0 / 3.0)), 1.0 / 3.0);
+}
+
+}  // namespace
+}  // namespace yarvo

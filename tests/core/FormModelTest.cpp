@@ -1,0 +1,99 @@
+// Controls, control arrays, option groups and the run-time error guard.
+
+#include <gtest/gtest.h>
+
+#include "core/form/CheckBox.h"
+#include "core/form/ControlArray.h"
+#include "core/form/Form.h"
+#include "core/form/Label.h"
+#include "core/form/OptionButton.h"
+#include "core/form/RuntimeError.h"
+#include "core/form/Slider.h"
+#include "core/form/TextBox.h"
+
+namespace yarvo {
+namespace {
+
+struct ProbeForm : Form {
+  ProbeForm() : Form("Probe") {}
+  ControlArray<Label> Lb{this, "Lb", 1, std::string("first")};
+  Label Caption1{this, "Caption1", "x"};
+  TextBox Box{this, "Box"};
+  CheckBox Check{this, "Check", "c", 0};
+  OptionGroup Group;
+  OptionButton A{this, "A", "a", Group, true};
+  OptionButton B{this, "B", "b", Group, false};
+  OptionButton C{this, "C", "c", Group, false};
+  Slider Volume{this, "Volume", 0, 100, 50};
+};
+
+TEST(FormModel, ChangeHandlersRunOnlyWhenTheValueChanges) {
+  ProbeForm form;
+  int changes = 0;
+  form.Caption1.Change = [&] { ++changes; };
+  form.Caption1.Caption = "x";
+  EXPECT_EQ(changes, 0);
+  form.Caption1.Caption = "y";
+  form.Caption1.Caption = "y";
+  EXPECT_EQ(changes, 1);
+
+  int clicks = 0;
+  form.Check.Click = [&] { ++clicks; };
+  form.Check.Value = 1;
+  form.Check.Value = 1;
+  form.Check.Value = 0;
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST(FormModel, SettingAnOptionTurnsItsGroupOffAndClicksOnlyItself) {
+  ProbeForm form;
+  std::string clicked;
+  form.A.Click = [&] { clicked += "A"; };
+  form.B.Click = [&] { clicked += "B"; };
+  form.C.Click = [&] { clicked += "C"; };
+  form.C.Value = true;
+  EXPECT_FALSE(form.A.Value);
+  EXPECT_FALSE(form.B.Value);
+  EXPECT_TRUE(form.C.Value);
+  form.B.Value = true;
+  EXPECT_FALSE(form.C.Value);
+  EXPECT_EQ(clicked, "CB");
+}
+
+TEST(FormModel, TextBoxEndsItsTextAtTheFirstZeroByte) {
+  ProbeForm form;
+  form.Box.SetText(std::string("Artist\0\0padding", 15));
+  EXPECT_EQ(form.Box.Text.get(), "Artist");
+}
+
+TEST(FormModel, SliderClampsToItsRange) {
+  ProbeForm form;
+  form.Volume.SetClamped(110.0);
+  EXPECT_EQ(form.Volume.Value, 100);
+  form.Volume.SetClamped(-10.0);
+  EXPECT_EQ(form.Volume.Value, 0);
+}
+
+TEST(FormModel, ControlArrayHasOnlyItsElements) {
+  ProbeForm form;
+  EXPECT_EQ(form.Lb(0).Caption.get(), "first");
+  EXPECT_THROW(form.Lb(1), RuntimeError);
+  EXPECT_THROW(form.Lb(-1), RuntimeError);
+  EXPECT_EQ(form.FindControl("Lb", 0), &form.Lb(0));
+  EXPECT_EQ(form.FindControl("Caption1"), &form.Caption1);
+}
+
+TEST(ResumeNext, SkipsAFailedStatementButNotTheEndOfTheProgram) {
+  ProbeForm form;
+  int reached = 0;
+  ResumeNext([&] {
+    form.Lb(2).Caption = "never";
+    ++reached;
+  });
+  ResumeNext([&] { ++reached; });
+  EXPECT_EQ(reached, 1);
+  EXPECT_THROW(ResumeNext([] { throw ProcessEnd{3}; }), ProcessEnd);
+}
+
+}  // namespace
+}  // namespace yarvo

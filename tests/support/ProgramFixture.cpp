@@ -1,0 +1,55 @@
+#include "support/ProgramFixture.h"
+
+#include <unistd.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "core/DataForm.h"
+#include "core/form/StringList.h"
+
+namespace yarvo::test {
+
+TempDir::TempDir() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "yarvo-test-XXXXXX").string();
+  path_ = ::mkdtemp(pattern.data());
+}
+
+TempDir::~TempDir() {
+  std::error_code ignored;
+  std::filesystem::permissions(path_, std::filesystem::perms::owner_all,
+                               std::filesystem::perm_options::add, ignored);
+  std::filesystem::remove_all(path_, ignored);
+}
+
+void WriteBytes(const std::string& path, const std::string& bytes) {
+  std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::string ReadBytes(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream bytes;
+  bytes << in.rdbuf();
+  return bytes.str();
+}
+
+std::vector<std::string> Rows(const StringList& list) { return list.Items(); }
+
+ProgramFixture::ProgramFixture() {
+  std::filesystem::create_directories(folder.Path() / "Data");
+  std::filesystem::create_directories(folder.Path() / "Playlists");
+  process.programFolder = folder.Path().string();
+}
+
+ProgramFixture::~ProgramFixture() = default;
+
+Program& ProgramFixture::Start() {
+  program_ = std::make_unique<Program>(Services{clock, desktop, process});
+  auto& store = program_->DataForm();
+  store.CaleYarvoPlayer.AddItem(process.programFolder);
+  store.CaleYarvoPlayer.Selected(0);
+  return *program_;
+}
+
+}  // namespace yarvo::test

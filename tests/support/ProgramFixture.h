@@ -1,0 +1,59 @@
+#pragma once
+// A fresh program per test, in a temporary program folder with its Data and
+// Playlists folders, driven by a manual clock and recording platform.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/Program.h"
+#include "support/ManualClock.h"
+#include "support/Recorders.h"
+
+namespace yarvo {
+class StringList;
+}
+
+namespace yarvo::test {
+
+// A folder removed with everything in it when the object goes.
+class TempDir {
+ public:
+  TempDir();
+  ~TempDir();
+  TempDir(const TempDir&) = delete;
+  TempDir& operator=(const TempDir&) = delete;
+  const std::filesystem::path& Path() const { return path_; }
+  std::string operator/(const std::string& relative) const { return (path_ / relative).string(); }
+
+ private:
+  std::filesystem::path path_;
+};
+
+void WriteBytes(const std::string& path, const std::string& bytes);
+std::string ReadBytes(const std::string& path);
+std::vector<std::string> Rows(const StringList& list);
+
+class ProgramFixture : public ::testing::Test {
+ protected:
+  ProgramFixture();
+  ~ProgramFixture() override;
+
+  // Makes the Program; the store's program folder is the temporary folder.
+  // Tests that prepare files first call it after preparing them.
+  Program& Start();
+  Program& P() { return *program_; }
+
+  TempDir folder;
+  ManualClock clock;
+  RecordingDesktop desktop;
+  FakeProcess process;
+
+ private:
+  std::unique_ptr<Program> program_;
+};
+
+}  // namespace yarvo::test

@@ -1,0 +1,48 @@
+#pragma once
+// Recording stand-ins for the platform: they answer as a test tells them and
+// remember what the program asked.
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/Desktop.h"
+#include "platform/ProcessControl.h"
+
+namespace yarvo::test {
+
+class RecordingDesktop final : public Desktop {
+ public:
+  struct Message {
+    std::string prompt;
+    std::string title;
+  };
+
+  void MsgBox(const std::string& prompt, const std::string& title) override;
+  std::string GetOpenFileName(const OpenFileRequest& request) override;
+  std::string BrowseForFolder(const std::string& title) override;
+  void OpenWebPage(const std::string& url) override { pages.push_back(url); }
+  void DoEvents() override { ++doEvents; }
+
+  std::vector<Message> messages;
+  std::vector<OpenFileRequest> fileRequests;
+  std::vector<std::string> folderTitles;
+  std::vector<std::string> pages;
+  int doEvents = 0;
+  // What the next dialogs answer, in order; "" (cancel) when empty.
+  std::deque<std::string> fileAnswers;
+  std::deque<std::string> folderAnswers;
+};
+
+class FakeProcess final : public ProcessControl {
+ public:
+  std::string CommandLine() const override { return commandLine; }
+  std::string ProgramFolder() const override { return programFolder; }
+  bool AnotherInstanceRunning() const override { return anotherInstance; }
+
+  std::string commandLine;
+  std::string programFolder;
+  bool anotherInstance = false;
+};
+
+}  // namespace yarvo::test
