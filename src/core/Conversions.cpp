@@ -32,6 +32,16 @@ double CDbl(std::string_view text) {
   return value;
 }
 
+double Val(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return 0;
+  std::string_view t = text.substr(first);
+  if (!t.empty() && t.front() == '+') t.remove_prefix(1);
+  double value = 0;
+  const auto result = std::from_chars(t.data(), t.data() + t.size(), value);
+  return result.ec == std::errc() && std::isfinite(value) ? value : 0;
+}
+
 std::int16_t CInt(double value) {
   const double r = RoundHalfEven(value);
   if (r < std::numeric_limits<std::int16_t>::min() || r > std::numeric_limits<std::int16_t>::max())

@@ -20,6 +20,10 @@ std::int16_t CInt(std::string_view text);
 std::int32_t CLng(double value);
 std::int32_t CLng(std::string_view text);
 
+// The number that the text begins with, after leading blanks, as far as it
+// reads as one ("128 Kbps" is 128); 0 when it begins with none. Never fails.
+double Val(std::string_view text);
+
 // The shortest decimal text that reads back as `value`: "4320", "0.5", "-1".
 std::string Str(double value);
 

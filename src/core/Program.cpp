@@ -5,12 +5,14 @@
 #include "core/DataForm.h"
 #include "core/form/Events.h"
 #include "core/form/RuntimeError.h"
+#include "engines/frmBass.h"
 #include "playlist/JumpForm.h"
 #include "playlist/MediaLibrary.h"
 #include "playlist/Playlist.h"
 #include "settings/Options.h"
 #include "windows/FormMeniuri.h"
 #include "windows/Main.h"
+#include "windows/MiniForm.h"
 
 namespace yarvo {
 
@@ -33,7 +35,16 @@ class FormSlot {
     return *form_;
   }
 
-  Form* Loaded() const { return form_.get(); }
+  F* Loaded() const { return form_.get(); }
+
+  // Runs the form's Unload and lets the object go once the running event
+  // has ended; a later Get makes a new one.
+  void Unload() {
+    if (!form_) return;
+    auto form = std::move(form_);
+    if (form->Unload) form->Unload();
+    Retire(std::move(form));
+  }
 
  private:
   std::shared_ptr<F> form_;
@@ -50,6 +61,8 @@ struct Program::Forms {
   FormSlot<yarvo::Options> options;
   FormSlot<yarvo::MediaLibrary> mediaLibrary;
   FormSlot<yarvo::JumpForm> jumpForm;
+  FormSlot<yarvo::frmBass> frmBass;
+  FormSlot<yarvo::MiniForm> miniForm;
 };
 
 Program::Program(Services services)
@@ -73,9 +86,10 @@ void Program::End(int exitCode) { throw ProcessEnd{exitCode}; }
 
 std::vector<Form*> Program::LoadedForms() const {
   std::vector<Form*> loaded;
-  for (Form* form : {forms_->dataForm.Loaded(), forms_->main.Loaded(), forms_->playlist.Loaded(),
+  for (Form* form : std::initializer_list<Form*>{forms_->dataForm.Loaded(), forms_->main.Loaded(), forms_->playlist.Loaded(),
                      forms_->formMeniuri.Loaded(), forms_->options.Loaded(),
-                     forms_->mediaLibrary.Loaded(), forms_->jumpForm.Loaded()}) {
+                     forms_->mediaLibrary.Loaded(), forms_->jumpForm.Loaded(),
+                     forms_->frmBass.Loaded(), forms_->miniForm.Loaded()}) {
     if (form) loaded.push_back(form);
   }
   return loaded;
@@ -88,5 +102,10 @@ yarvo::FormMeniuri& Program::FormMeniuri() { return forms_->formMeniuri.Get(); }
 yarvo::Options& Program::Options() { return forms_->options.Get(); }
 yarvo::MediaLibrary& Program::MediaLibrary() { return forms_->mediaLibrary.Get(); }
 yarvo::JumpForm& Program::JumpForm() { return forms_->jumpForm.Get(); }
+yarvo::frmBass& Program::frmBass() { return forms_->frmBass.Get(); }
+void Program::UnloadfrmBass() { forms_->frmBass.Unload(); }
+yarvo::MiniForm& Program::MiniForm() { return forms_->miniForm.Get(); }
+yarvo::MiniForm* Program::LoadedMiniForm() { return forms_->miniForm.Loaded(); }
+void Program::UnloadMiniForm() { forms_->miniForm.Unload(); }
 
 }  // namespace yarvo

@@ -7,20 +7,26 @@
 // fresh one per test, with recording stand-ins for the platform.
 
 #include <memory>
+#include <typeindex>
+#include <unordered_map>
 #include <vector>
 
 #include "core/form/TimerScheduler.h"
 
 namespace yarvo {
 
+class BassApi;
 class Desktop;
 class ProcessControl;
+class RandomSource;
 
 class DataForm;
 class Form;
 class FormMeniuri;
+class frmBass;
 class JumpForm;
 class Main;
+class MiniForm;
 class MediaLibrary;
 class Options;
 class Playlist;
@@ -29,6 +35,8 @@ struct Services {
   TimerScheduler& scheduler;
   Desktop& desktop;
   ProcessControl& process;
+  BassApi& bass;
+  RandomSource& random;
 };
 
 class Program {
@@ -45,12 +53,32 @@ class Program {
   yarvo::Options& Options();
   yarvo::MediaLibrary& MediaLibrary();
   yarvo::JumpForm& JumpForm();
+  yarvo::frmBass& frmBass();
+
+  // Destroys the engine form (its Unload runs now; the object goes when the
+  // running event ends). The next reference makes a fresh one.
+  void UnloadfrmBass();
+  yarvo::MiniForm& MiniForm();
+  // The mini window if it is loaded, without loading it.
+  yarvo::MiniForm* LoadedMiniForm();
+  void UnloadMiniForm();
 
   // The forms made so far, in the order they were made.
   std::vector<Form*> LoadedForms() const;
 
   Desktop& desktop() const { return services_.desktop; }
   ProcessControl& process() const { return services_.process; }
+  BassApi& bass() const { return services_.bass; }
+  RandomSource& random() const { return services_.random; }
+
+  // The module-level state of type T (a module's variables, such as the one
+  // tag record): made on first use, alive as long as this program.
+  template <class T>
+  T& State() {
+    auto& slot = state_[std::type_index(typeid(T))];
+    if (!slot) slot = std::make_shared<T>();
+    return *static_cast<T*>(slot.get());
+  }
 
   // Ends the process: unwinds to the event loop, which quits. Does not return.
   [[noreturn]] static void End(int exitCode = 0);
@@ -63,6 +91,7 @@ class Program {
   Services services_;
   TimerScheduler::Use scheduler_;
   std::unique_ptr<Forms> forms_;
+  std::unordered_map<std::type_index, std::shared_ptr<void>> state_;
 };
 
 inline Program& program() { return Program::Current(); }

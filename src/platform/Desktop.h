@@ -18,6 +18,12 @@ struct OpenFileRequest {
   std::string defaultExtension;
 };
 
+// A size in twips (15 to a pixel).
+struct TwipsSize {
+  int width = 0;
+  int height = 0;
+};
+
 class Desktop {
  public:
   virtual ~Desktop() = default;
@@ -28,6 +34,8 @@ class Desktop {
   // The chosen folder, or "" when the user cancelled.
   virtual std::string BrowseForFolder(const std::string& title) = 0;
   virtual void OpenWebPage(const std::string& url) = 0;
+  // The size of the screen the program's windows are on.
+  virtual TwipsSize ScreenSize() const = 0;
   // Runs the events that are waiting, once, and returns.
   virtual void DoEvents() = 0;
 };

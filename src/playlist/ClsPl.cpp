@@ -10,6 +10,7 @@
 #include "playlist/DataClass.h"
 #include "playlist/JumpForm.h"
 #include "playlist/Playlist.h"
+#include "settings/Options.h"
 #include "windows/Main.h"
 
 namespace yarvo {
@@ -30,17 +31,36 @@ auto Reported(Body&& body) -> decltype(body()) {
 
 }  // namespace
 
-std::string GetLastBackSlash(const std::string& Text) {
+std::string ShowFileDialog() {
+  OpenFileRequest request;
+  request.title = "Open file";
+  request.defaultExtension = "mp3";
+  if (program().Options().Check4.Value == 1) {
+    request.filterDescription =
+        "Media (*.mp3);(*.wav);(*.mpg);(*.avi);(*.mov);(*.wmv);(*.wma);(*.mpv);(*.mpe);(*.mp4);(*.mpa);"
+        "(*.qt);(*.ogm);(*.snd);(*rmi);(*.divx);(*.mpeg);(*.cda);(*.mp2);(*.mp1);(*.mid);(*.midi);(*.asf);"
+        "(*.VOB);(*.dat);(*.flv);(*.M2V);(*.3gp)";
+    request.filterPattern =
+        "*.mp3;*.wav;*.mpg;*.avi;*.mov;*.wmv;*.mpv;*.mpe;*.mpa;*.qt;*.ogm;*.snd;*rmi;*.divx;*.wma;*.mpeg;"
+        "*.cda;*.mp2;*.mp1;*.mid;*.midi;*.vob;*.dat;*.mp4;*.asf;*.flv;*.M2V;*.3gp;";
+  } else {
+    request.filterDescription = "Media (*.*);";
+    request.filterPattern = "*.*";
+  }
+  return program().desktop().GetOpenFileName(request);
+}
+
+std::string GetLastBackSlash(const std::string& text) {
   return Reported([&] {
-    const auto slash = Text.rfind('/');
-    return slash == std::string::npos ? Text : Text.substr(slash + 1);
+    const auto slash = text.rfind('/');
+    return slash == std::string::npos ? text : text.substr(slash + 1);
   });
 }
 
-std::string LeftOfLast(const std::string& Text, const std::string& Separator) {
+std::string LeftOfLast(const std::string& text, const std::string& separator) {
   return Reported([&] {
-    const auto at = Text.rfind(Separator);
-    return at == std::string::npos ? std::string() : Text.substr(0, at);
+    const auto at = text.rfind(separator);
+    return at == std::string::npos ? std::string() : text.substr(0, at);
   });
 }
 

@@ -11,12 +11,16 @@ namespace yarvo {
 
 class StringList;
 
-// The part of `Text` behind its last "/": all of it without one, "" when it
-// ends in one.
-std::string GetLastBackSlash(const std::string& Text);
+// Asks for one existing file with the open dialog ("Open file"); its filter
+// row follows Options.Check4. "" when the user cancelled.
+std::string ShowFileDialog();
 
-// What stands before the last `Separator` in `Text`; "" when there is none.
-std::string LeftOfLast(const std::string& Text, const std::string& Separator);
+// The part of `text` behind its last "/": all of it without one, "" when it
+// ends in one.
+std::string GetLastBackSlash(const std::string& text);
+
+// What stands before the last `separator` in `text`; "" when there is none.
+std::string LeftOfLast(const std::string& text, const std::string& separator);
 
 // The title of a path: LeftOfLast(GetLastBackSlash(path), ".").
 std::string TitleOf(const std::string& path);

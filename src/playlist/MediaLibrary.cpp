@@ -1,5 +1,7 @@
 #include "playlist/MediaLibrary.h"
 
+#include "playlist/Top10.h"
+
 namespace yarvo {
 
 MediaLibrary::MediaLibrary() : Form("MediaLibrary") {
@@ -8,6 +10,7 @@ MediaLibrary::MediaLibrary() : Form("MediaLibrary") {
   FrameLibrary.Visible = false;
   FrameTop10.Visible = false;
   ListaAsteptare.Visible = false;
+  TimerClasament.Tick = MoveUpInTop;
   for (int i = 0; i < 20; ++i) {
     TopLabel(i).Caption = std::to_string(i + 1) + ".";
     const int column = i / 10;

@@ -1,6 +1,11 @@
 #include "playlist/Playlist.h"
 
+#include "core/ClsMain.h"
+#include "core/DataForm.h"
+#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "playlist/Id3Module.h"
+#include "windows/Main.h"
 
 namespace yarvo {
 
@@ -14,11 +19,34 @@ Playlist::Playlist() : Form("Playlist") {
   ScrollBar.Move(4000 - 320, 380, 210, 4530 - 720);
   ItemsLabel.Move(120, 4530 - 350, 2500, 255);
   ScrollTimer.Tick = [this] { Playlist_ScrollTimer_Timer(); };
+  PicList.Click = [this] { Playlist_PicList_Click(); };
+  PicList.DblClick = [this] { Playlist_PicList_DblClick(); };
 }
 
 void Playlist::Playlist_ScrollTimer_Timer() {
   ResumeNext([&] { ScrollBar.Value = PicList.TopIndex; });
   ResumeNext([&] { ItemsLabel.Caption = "Total items: " + std::to_string(PicList.ListCount()); });
+}
+
+}  // namespace yarvo
+
+namespace yarvo {
+
+void Playlist::Playlist_PicList_Click() {
+  auto& paths = program().DataForm().ListaCale;
+  ResumeNext([&] {
+    paths.Selected(PicList.ListIndex());
+    ShowId3Tag(paths.Text());
+  });
+}
+
+void Playlist::Playlist_PicList_DblClick() {
+  auto& p = program();
+  ClsMain director;
+  if (p.Main().StarePlayer.Caption == "Paused") director.SStop();
+  p.DataForm().FromPlaylist = "True";
+  director.Play();
+  p.DataForm().SongNumber = std::to_string(PicList.ListIndex());
 }
 
 }  // namespace yarvo

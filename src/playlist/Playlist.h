@@ -25,6 +25,10 @@ class Playlist : public Form {
 
   // Thumb and row count follow the list once a second.
   void Playlist_ScrollTimer_Timer();
+  // A row clicked: its tag shows on the tag page.
+  void Playlist_PicList_Click();
+  // A row double-clicked: it plays, and next and previous step from it.
+  void Playlist_PicList_DblClick();
 };
 
 }  // namespace yarvo

@@ -1,10 +1,61 @@
 #include "settings/Options.h"
 
+#include "core/DataForm.h"
+#include "core/Program.h"
+#include "core/form/RuntimeError.h"
+#include "playlist/ClsPl.h"
+#include "playlist/Playlist.h"
+
 namespace yarvo {
+
+namespace {
+
+constexpr const char* kAudioTypes[] = {"mp3", "wav", "wma", "cda", "midi", "mid",
+                                       "mpa", "ac3", "ogg", "snd", "rmi"};
+constexpr const char* kVideoTypes[] = {"mpg", "avi", "mov", "wmv", "mp2",  "mpeg",
+                                       "mpe", "asf", "dat", "divx", "m2v", "vob",
+                                       "mpv", "qt",  "ogm", "mp4", "flv",  "3gp"};
+
+void TickAll(ListBox& list, bool ticked) {
+  for (int row = 0; row < list.ListCount(); ++row) list.SetTicked(row, ticked);
+}
+
+}  // namespace
 
 Options::Options() : Form("Options") {
   Caption = "Yarvo Player - Options";
-  Move(2000, 2000, 8000, 6000);
+  Move(1500, 1500, 8835, 5895);
+  for (int size = 8; size <= 18; ++size) PlaylistFontSize.AddItem(std::to_string(size));
+  PlaylistFontSize.SetListIndex(0);
+  for (const char* type : kAudioTypes) TpfAudio.AddItem(type);
+  for (const char* type : kVideoTypes) TpfVideo.AddItem(type);
+  LanguageSelector.AddItem("English");
+  LanguageSelector.AddItem("Romana");
+  for (const char* page : {"latin1", "cp1250", "cp1251"}) TagCodePage.AddItem(page);
+  TagCodePage.SetListIndex(0);
+  for (Control* hidden : {static_cast<Control*>(&Fr), static_cast<Control*>(&FAudio),
+                          static_cast<Control*>(&FVideo)}) {
+    hidden->Visible = false;
+  }
+
+  Option15.Click = [] {
+    auto& p = program();
+    ResumeNext([&] { p.Playlist().PicList.Clear(); });
+    ResumeNext([&] { ListNoChar(p.Playlist().PicList, p.DataForm().ListaCale); });
+    ResumeNext([] { SetJumpList(); });
+  };
+  Check17.Click = [this] { ResumeNext([this] { TickAll(TpfAudio, Check17.Value == 1); }); };
+  Check18.Click = [this] { ResumeNext([this] { TickAll(TpfVideo, Check18.Value == 1); }); };
+  Check8.Click = [this] {
+    auto& playlist = program().Playlist();
+    const bool standard = Check8.Value == 1;
+    playlist.ScrollBar.Visible = !standard;
+    playlist.FrameScroll.Visible = !standard;
+  };
+  PlaylistFontSize.Click = [this] {
+    ResumeNext([this] { program().Playlist().PicList.FontSize = 8 + PlaylistFontSize.ListIndex(); });
+  };
+  Check3.Click = [this] { program().Playlist().PicList.FontBold = Check3.Value == 1; };
 }
 
 }  // namespace yarvo

@@ -7,6 +7,8 @@
 #include "core/form/RuntimeError.h"
 #include "platform/Desktop.h"
 #include "platform/ProcessControl.h"
+#include "engines/media/MCore.h"
+#include "windows/MiniForm.h"
 
 namespace yarvo {
 
@@ -42,6 +44,12 @@ Main::Main() : Form("Main") {
   SliderMoveMultimedia(0).Move(120, 3480, 3135, 255);
   Volum.Move(3480, 3480, 1395, 255);
 
+  sldEQR(10).Value = 100;  // the reverb starts dry; the bands start flat
+  TimerMisc(0).Tick = [this] { Main_TimerMisc_Timer(); };
+  TimeCounter.Tick = [this] { Main_TimeCounter_Timer(); };
+  ScrollTextTimer.Tick = [this] { Main_ScrollTextTimer_Timer(); };
+  LbActualCx(0).Change = [this] { Main_LbActualCx_Change(); };
+  Resize = [this] { Main_Form_Resize(); };
   Load = [this] { Main_Form_Load(); };
   QueryUnload = [this] { Main_Form_QueryUnload(); };
   Unload = [this] { Main_Form_Unload(); };
@@ -62,7 +70,33 @@ void Main::Main_Form_Load() {
   ResumeNext([&] { p.JumpForm(); });
   ResumeNext([&] { ClsMain().LoadYarvo(); });
   ResumeNext([&] { FrameVideo(0).Top = 370; });
+  RepairMediaDrivers();
+  tagTick = 0;
   ResumeNext([&] { KeyFocus.Left = -1000; });
+  ResumeNext([&] {
+    if (MiniForm* mini = p.LoadedMiniForm(); mini && mini->Visible) {
+      for (auto [from, to] : {std::pair{&TSec, &mini->TSec}, std::pair{&StarePlayer, &mini->StarePlayer},
+                              std::pair{&TotalTime, &mini->TotalTime}, std::pair{&Titlu, &mini->Titlu}}) {
+        to->ForeColor = from->ForeColor.get();
+      }
+      mini->Visualisation.BackColor = BackColor.get();
+      mini->BackColor = BackColor.get();
+    }
+  });
+}
+
+// The media service keeps a table of drivers by media type; three entries
+// must name the drivers the player relies on. Each is read, compared and
+// written only when it differs; a refused write changes nothing and is not
+// reported.
+void Main::RepairMediaDrivers() {
+  static constexpr std::pair<const char*, const char*> kDrivers[] = {
+      {"MPEGVideo", "mciqtz.drv"}, {"sequencer", "mciseq.drv"}, {"avivideo", "mciavi.drv"}};
+  for (const auto& [key, driver] : kDrivers) {
+    ResumeNext([&] {
+      if (MciReadDriver(key) != driver) MciWriteDriver(key, driver);
+    });
+  }
 }
 
 void Main::Main_Form_QueryUnload() {
@@ -70,8 +104,13 @@ void Main::Main_Form_QueryUnload() {
     ResumeNext([&] { TimerMisc(i).Enabled = false; });
     ResumeNext([&] { program().desktop().DoEvents(); });
   }
+  ResumeNext([] { MciCloseAll(); });
 }
 
-void Main::Main_Form_Unload() { ClsMain().CloseYarvo(); }
+void Main::Main_Form_Unload() {
+  ClsMain director;
+  ResumeNext([&] { director.SStop(); });
+  director.CloseYarvo();
+}
 
 }  // namespace yarvo

@@ -47,6 +47,19 @@ class Main : public Form {
   Label labLayer{this, "labLayer", "Not playing"};
   Label labBitRate{this, "labBitRate", "0 Kbps"};
   Label labFreqChan{this, "labFreqChan", "0 Frequency"};
+  ControlArray<PictureBox> MainFrame{this, "MainFrame", 2};  // 1 the main panel, 0 working labels
+  PictureBox RightFrame{this, "RightFrame"};
+  PictureBox Logo{this, "Logo"};
+  PictureBox Image3{this, "Image3"};
+  PictureBox Image4{this, "Image4"};
+  Label InfoLabel{this, "InfoLabel", "Info"};
+  Label PlaylistLabel{this, "PlaylistLabel", "Playlist"};
+  PictureBox Visualisation{this, "Visualisation"};
+  Label ResizeArea{this, "ResizeArea", "o"};
+  PictureBox MinimizeButton{this, "MinimizeButton"};
+  PictureBox CloseButton{this, "CloseButton"};
+  // Equalizer bands 0-9 and the reverb 10; 0 at the top, 100 at the bottom.
+  ControlArray<Slider> sldEQR{this, "sldEQR", 11, 0, 100, 50};
   ControlArray<PictureBox> FrameVideo{this, "FrameVideo", 1};
   ControlArray<Slider> SliderMoveMultimedia{this, "SliderMoveMultimedia", 1, 0, 0, 0};
   Slider Volum{this, "Volum", 0, 100, 0};
@@ -61,7 +74,24 @@ class Main : public Form {
   Timer FixImages{this, "FixImages", 1000, true};
   Timer VersionCheck{this, "VersionCheck", 1000, false};
 
+  // Runs the video part of the resize handler for the current size mode.
+  void AdjustVideo();
+  // Lays the video out by the size mode; the rest of the resize belongs to
+  // the skinned layout.
+  void Main_Form_Resize();
+  void Main_LbActualCx_Change();
+  void Main_TimeCounter_Timer();
+  void Main_ScrollTextTimer_Timer();
+  void Main_TimerMisc_Timer();
+  void RotateTagLine();
+
+  // The tag line rotation of the media engine's clock; zeroed at load.
+  int tagTick = 0;
+  // The mini window gave way to a video and is to come back after it.
+  bool ReturnToMini = false;
+
   void Main_Form_Load();
+  void RepairMediaDrivers();
   void Main_Form_QueryUnload();
   void Main_Form_Unload();
 };

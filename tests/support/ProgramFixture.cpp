@@ -7,6 +7,9 @@
 
 #include "core/DataForm.h"
 #include "core/form/StringList.h"
+#include "windows/Main.h"
+#include "engines/media/MCore.h"
+#include "engines/media/MciSendString.h"
 
 namespace yarvo::test {
 
@@ -40,15 +43,26 @@ ProgramFixture::ProgramFixture() {
   std::filesystem::create_directories(folder.Path() / "Data");
   std::filesystem::create_directories(folder.Path() / "Playlists");
   process.programFolder = folder.Path().string();
+  // The media service's driver table lives in the test's folder, and media
+  // opened by a test play silently with no picture.
+  setMciDriverFile(folder.Path() / "system.ini");
+  configureMciService({"null", false, std::chrono::milliseconds(10000)});
 }
 
-ProgramFixture::~ProgramFixture() = default;
+Program& ProgramFixture::Restart(const std::string& settings) {
+  program_.reset();
+  if (!settings.empty()) WriteBytes(folder / "settings.ini", settings);
+  return Start();
+}
+
+ProgramFixture::~ProgramFixture() {
+  program_.reset();
+  setMciDriverFile({});
+}
 
 Program& ProgramFixture::Start() {
-  program_ = std::make_unique<Program>(Services{clock, desktop, process});
-  auto& store = program_->DataForm();
-  store.CaleYarvoPlayer.AddItem(process.programFolder);
-  store.CaleYarvoPlayer.Selected(0);
+  program_ = std::make_unique<Program>(Services{clock, desktop, process, bass, random});
+  program_->Main();  // the start window: its Load starts the program
   return *program_;
 }
 

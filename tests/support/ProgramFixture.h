@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/Program.h"
+#include "support/FakeBass.h"
 #include "support/ManualClock.h"
 #include "support/Recorders.h"
 
@@ -42,15 +43,21 @@ class ProgramFixture : public ::testing::Test {
   ProgramFixture();
   ~ProgramFixture() override;
 
-  // Makes the Program; the store's program folder is the temporary folder.
-  // Tests that prepare files first call it after preparing them.
+  // Makes the Program and starts it as the app does, by loading Main; the
+  // program folder is the temporary folder. Tests that prepare files call it
+  // after preparing them.
   Program& Start();
   Program& P() { return *program_; }
+  // Ends the program without saving and starts a new one in the same folder,
+  // with `settings` as its settings.ini when given.
+  Program& Restart(const std::string& settings = {});
 
   TempDir folder;
   ManualClock clock;
   RecordingDesktop desktop;
   FakeProcess process;
+  FakeBass bass{clock};
+  ScriptedRandom random;
 
  private:
   std::unique_ptr<Program> program_;

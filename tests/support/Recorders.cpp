@@ -25,4 +25,11 @@ std::string RecordingDesktop::BrowseForFolder(const std::string& title) {
   return Next(folderAnswers);
 }
 
+double ScriptedRandom::Rnd() {
+  if (values.empty()) return 0;
+  const double value = values.front();
+  values.pop_front();
+  return value;
+}
+
 }  // namespace yarvo::test

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/RandomSource.h"
 #include "platform/Desktop.h"
 #include "platform/ProcessControl.h"
 
@@ -22,6 +23,7 @@ class RecordingDesktop final : public Desktop {
   std::string GetOpenFileName(const OpenFileRequest& request) override;
   std::string BrowseForFolder(const std::string& title) override;
   void OpenWebPage(const std::string& url) override { pages.push_back(url); }
+  TwipsSize ScreenSize() const override { return {1920 * 15, 1080 * 15}; }
   void DoEvents() override { ++doEvents; }
 
   std::vector<Message> messages;
@@ -43,6 +45,19 @@ class FakeProcess final : public ProcessControl {
   std::string commandLine;
   std::string programFolder;
   bool anotherInstance = false;
+};
+
+// A random source that gives the numbers a test lines up, then 0.
+class ScriptedRandom final : public RandomSource {
+ public:
+  void Randomize() override { ++randomizes; }
+  double Rnd() override;
+
+  // Lines up the draw that makes Below(count) give `pick`.
+  void Next(int pick, int count) { values.push_back((pick + 0.5) / count); }
+
+  std::deque<double> values;
+  int randomizes = 0;
 };
 
 }  // namespace yarvo::test

@@ -43,6 +43,7 @@ class Form {
   Property<yarvo::Picture> Icon;
   Property<yarvo::Picture> Picture;
   Property<int> MousePointer{0};
+  Property<bool> AlwaysOnTop{false};
 
   void Show() { Visible = true; }
   void Hide() { Visible = false; }

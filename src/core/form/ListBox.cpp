@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/form/RuntimeError.h"
+
 namespace yarvo {
 
 ListBox::ListBox(Form* owner, std::string name, int index)
@@ -13,6 +15,22 @@ void ListBox::SetText(const std::string& text) {
   SetListIndex(found == rows.end() ? -1 : static_cast<int>(found - rows.begin()));
 }
 
+bool ListBox::Ticked(int row) const {
+  return row >= 0 && row < static_cast<int>(ticks_.size()) && ticks_[static_cast<std::size_t>(row)];
+}
+
+void ListBox::SetTicked(int row, bool ticked) {
+  if (row < 0 || row >= ListCount()) throw err::InvalidPropertyIndex();
+  if (ticks_.size() < static_cast<std::size_t>(ListCount())) ticks_.resize(static_cast<std::size_t>(ListCount()));
+  if (ticks_[static_cast<std::size_t>(row)] == ticked) return;
+  ticks_[static_cast<std::size_t>(row)] = ticked;
+  ++modelRevision();
+}
+
 void ListBox::Changed() { ++modelRevision(); }
+
+void ListBox::CursorMoved() {
+  if (Click) Click();
+}
 
 }  // namespace yarvo

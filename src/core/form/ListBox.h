@@ -3,6 +3,7 @@
 //
 // Writing Text moves the cursor to the first row equal to the text, or to -1
 // when no row equals it; the program finds a song's row by its title this way.
+// Moving the cursor from code runs Click, as the user's click does.
 
 #include "core/form/Control.h"
 #include "core/form/StringList.h"
@@ -22,8 +23,16 @@ class ListBox : public Control, public StringList {
   Property<bool> FontBold{false};
   Property<bool> Sorted{false};
 
+  // Lists with a check mark per row. Marks belong to row numbers: they are
+  // for lists whose rows are fixed at creation.
+  bool Ticked(int row) const;
+  void SetTicked(int row, bool ticked);
+
  private:
   void Changed() override;
+  void CursorMoved() override;
+
+  std::vector<bool> ticks_;
 };
 
 }  // namespace yarvo

@@ -42,6 +42,7 @@ void StringList::SetListIndex(int index) {
   if (cursor_ == index) return;
   cursor_ = index;
   Changed();
+  CursorMoved();
 }
 
 void StringList::Selected(int index) {

@@ -46,6 +46,8 @@ class StringList {
  protected:
   // Lets a subclass react to any change (the visible list repaints).
   virtual void Changed() {}
+  // Runs when SetListIndex or Selected moves the cursor to another row.
+  virtual void CursorMoved() {}
 
  private:
   bool InRange(int index) const { return index >= 0 && index < ListCount(); }

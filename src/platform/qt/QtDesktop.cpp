@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QScreen>
 #include <QUrl>
 
 namespace yarvo {
@@ -41,6 +42,12 @@ std::string QtDesktop::BrowseForFolder(const std::string& title) {
 }
 
 void QtDesktop::OpenWebPage(const std::string& url) { QDesktopServices::openUrl(QUrl(FromUtf8(url))); }
+
+TwipsSize QtDesktop::ScreenSize() const {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QSize size = screen ? screen->size() : QSize(1920, 1080);
+  return {size.width() * 15, size.height() * 15};
+}
 
 void QtDesktop::DoEvents() { QCoreApplication::processEvents(); }
 

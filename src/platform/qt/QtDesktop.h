@@ -11,6 +11,7 @@ class QtDesktop final : public Desktop {
   std::string GetOpenFileName(const OpenFileRequest& request) override;
   std::string BrowseForFolder(const std::string& title) override;
   void OpenWebPage(const std::string& url) override;
+  TwipsSize ScreenSize() const override;
   void DoEvents() override;
 };
 

@@ -15,6 +15,7 @@ int KeypadCode(int key) {
     case Qt::Key_Plus: return 107;
     case Qt::Key_Minus: return 109;
     case Qt::Key_Period: return 110;
+    case Qt::Key_Comma: return 110;  // the decimal key of layouts that write a comma
     case Qt::Key_Slash: return 111;
     case Qt::Key_Enter: return 13;
     default: return 0;
@@ -42,6 +43,12 @@ const std::unordered_map<int, int>& NamedKeys() {
       {Qt::Key_BraceLeft, 219},   {Qt::Key_Backslash, 220},   {Qt::Key_Bar, 220},
       {Qt::Key_BracketRight, 221}, {Qt::Key_BraceRight, 221}, {Qt::Key_Apostrophe, 222},
       {Qt::Key_QuoteDbl, 222},
+      // The same physical key, whatever Shift made of it (a US layout's symbols).
+      {Qt::Key_ParenRight, 48},   {Qt::Key_Exclam, 49},       {Qt::Key_At, 50},
+      {Qt::Key_NumberSign, 51},   {Qt::Key_Dollar, 52},       {Qt::Key_Percent, 53},
+      {Qt::Key_AsciiCircum, 54},  {Qt::Key_Ampersand, 55},    {Qt::Key_Asterisk, 56},
+      {Qt::Key_ParenLeft, 57},    {Qt::Key_Backtab, 9},       {Qt::Key_Clear, 12},
+      {Qt::Key_Super_L, 91},      {Qt::Key_Super_R, 92},      {Qt::Key_Menu, 93},
   };
   return keys;
 }

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "core/Program.h"
+#include "core/RandomSource.h"
+#include "engines/BassApi.h"
 #include "core/form/Events.h"
 #include "core/form/RuntimeError.h"
 #include "platform/PosixProcess.h"
@@ -38,7 +40,8 @@ int main(int argc, char** argv) {
   yarvo::PosixProcess process(std::move(arguments));
   yarvo::QtTimerScheduler scheduler;
   yarvo::QtDesktop desktop;
-  yarvo::Program program({scheduler, desktop, process});
+  yarvo::ClockRandom random;
+  yarvo::Program program({scheduler, desktop, process, yarvo::LibraryBass(), random});
   yarvo::WindowHosts hosts(program);
   try {
     yarvo::RunEvent([&] { program.Main(); });

@@ -1,0 +1,151 @@
+#include "engines/audio/BassLibrary.h"
+
+#include "engines/audio/Decoder.h"
+#include "engines/audio/ParamEq.h"
+#include "engines/audio/Reverb.h"
+#include "engines/audio/TrackerDecoder.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <string>
+
+namespace yarvo::audio {
+namespace {
+
+constexpr DWORD kDefaultRate = 44100;
+constexpr DWORD kMaxVolume = 10000;
+constexpr DWORD kFailedData = 0xFFFFFFFF;
+constexpr DWORD kFftFlag = 0x80000000;
+constexpr DWORD kDataFlags = BASS_DATA_FLOAT | kFftFlag;
+
+}  // namespace
+
+BassLibrary& BassLibrary::instance() {
+  static BassLibrary library;
+  return library;
+}
+
+bool BassLibrary::init(int device, DWORD freq) {
+  if (output_) return false;
+  if (device < -1 || device > 1) return false;
+  const int wished = static_cast<int>(freq >= 8000 && freq <= 192000 ? freq : kDefaultRate);
+  auto output = makeOutput(device, wished);
+  auto mixer = std::make_unique<Mixer>(output->rate(), output->realTime());
+  mixer->setVolume(volume_);
+  if (!output->start(*mixer)) {
+    // A device that opened but will not run: play into nothing instead.
+    output = makeOutput(0, wished);
+    mixer = std::make_unique<Mixer>(output->rate(), output->realTime());
+    mixer->setVolume(volume_);
+    if (!output->start(*mixer)) return false;
+  }
+  mixer_ = std::move(mixer);
+  output_ = std::move(output);
+  return true;
+}
+
+bool BassLibrary::free() {
+  if (!output_) return false;
+  output_->stop();
+  effects_.clear();
+  channels_.clear();
+  output_.reset();
+  mixer_.reset();
+  return true;
+}
+
+bool BassLibrary::setConfig(DWORD option, DWORD value) {
+  if (option != BASS_CONFIG_GVOL_STREAM) return false;
+  volume_ = static_cast<float>(std::min(value, kMaxVolume)) / static_cast<float>(kMaxVolume);
+  if (mixer_) mixer_->setVolume(volume_);
+  return true;
+}
+
+DWORD BassLibrary::adopt(std::unique_ptr<Channel> channel) {
+  const DWORD handle = nextHandle_++;
+  mixer_->attach(*channel);
+  channels_.emplace(handle, std::move(channel));
+  return handle;
+}
+
+DWORD BassLibrary::createStream(const void* file, DWORD flags) {
+  if (!mixer_ || file == nullptr) return 0;
+  std::string path(static_cast<const char*>(file));
+  auto decoder = openStreamDecoder(path);
+  if (!decoder) return 0;
+  return adopt(std::make_unique<Channel>(Channel::Kind::Stream, std::move(decoder), std::move(path), flags,
+                                         mixer_->rate()));
+}
+
+DWORD BassLibrary::loadMusic(const void* file, DWORD flags, DWORD freq) {
+  if (!mixer_ || file == nullptr) return 0;
+  std::string path(static_cast<const char*>(file));
+  const int rate = freq >= 8000 && freq <= 192000 ? static_cast<int>(freq) : mixer_->rate();
+  auto decoder = openTrackerDecoder(path, rate, (flags & (BASS_MUSIC_RAMP | BASS_MUSIC_RAMPS)) != 0);
+  if (!decoder) return 0;
+  return adopt(std::make_unique<Channel>(Channel::Kind::Music, std::move(decoder), std::move(path), flags,
+                                         mixer_->rate()));
+}
+
+bool BassLibrary::freeChannel(DWORD handle, Channel::Kind kind) {
+  const auto it = channels_.find(handle);
+  if (it == channels_.end() || it->second->kind() != kind) return false;
+  mixer_->detach(*it->second);
+  std::erase_if(effects_, [handle](const auto& entry) { return entry.second.channel == handle; });
+  channels_.erase(it);
+  return true;
+}
+
+Channel* BassLibrary::channel(DWORD handle) const {
+  const auto it = channels_.find(handle);
+  return it == channels_.end() ? nullptr : it->second.get();
+}
+
+DWORD BassLibrary::setEffect(DWORD handle, DWORD type) {
+  Channel* target = channel(handle);
+  if (target == nullptr) return 0;
+  std::unique_ptr<Effect> effect;
+  if (type == BASS_FX_DX8_PARAMEQ) effect = std::make_unique<ParamEq>(target->rate(), target->channels());
+  else if (type == BASS_FX_DX8_REVERB) effect = std::make_unique<Reverb>(target->rate(), target->channels());
+  else return 0;
+  Effect* added = target->addEffect(std::move(effect));
+  if (added == nullptr) return 0;
+  const DWORD fx = nextHandle_++;
+  effects_.emplace(fx, EffectEntry{handle, added});
+  return fx;
+}
+
+Effect* BassLibrary::effect(DWORD handle) const {
+  const auto it = effects_.find(handle);
+  return it == effects_.end() ? nullptr : it->second.effect;
+}
+
+DWORD BassLibrary::channelData(Channel& channel, void* buffer, DWORD length) {
+  if (buffer == nullptr) return kFailedData;
+  const auto chans = static_cast<std::size_t>(channel.channels());
+  if (length == BASS_DATA_FFT2048) {
+    if (!spectrum_) spectrum_ = std::make_unique<Spectrum>();
+    scratch_.resize(Spectrum::kSize * chans);
+    channel.recent().newest(scratch_.data(), Spectrum::kSize);
+    spectrum_->compute(scratch_.data(), channel.channels(), static_cast<float*>(buffer));
+    return static_cast<DWORD>(Spectrum::kBins * sizeof(float));
+  }
+  if ((length & kFftFlag) != 0) return kFailedData;
+  const bool asFloat = (length & BASS_DATA_FLOAT) != 0;
+  const std::size_t bytes = length & ~kDataFlags;
+  const std::size_t sampleBytes = asFloat ? sizeof(float) : sizeof(std::int16_t);
+  const std::size_t frames = std::min(bytes / sampleBytes / chans, Channel::kRecentFrames);
+  scratch_.resize(frames * chans);
+  channel.recent().newest(scratch_.data(), frames);
+  if (asFloat) {
+    std::memcpy(buffer, scratch_.data(), frames * chans * sizeof(float));
+  } else {
+    auto* out = static_cast<std::int16_t*>(buffer);
+    for (std::size_t i = 0; i < frames * chans; ++i)
+      out[i] = static_cast<std::int16_t>(std::lround(std::clamp(scratch_[i], -1.0f, 1.0f) * 32767.0f));
+  }
+  return static_cast<DWORD>(frames * chans * sampleBytes);
+}
+
+}  // namespace yarvo::audio

@@ -1,0 +1,38 @@
+#pragma once
+// The mini window: stands in for Main in mini mode. It keeps no playback
+// logic of its own: its timer mirrors Main into it, and its input goes back
+// to Main.
+
+#include "core/form/ControlArray.h"
+#include "core/form/Form.h"
+#include "core/form/Label.h"
+#include "core/form/PictureBox.h"
+#include "core/form/Slider.h"
+#include "core/form/TextBox.h"
+#include "core/form/Timer.h"
+
+namespace yarvo {
+
+class MiniForm : public Form {
+ public:
+  MiniForm();
+
+  Label LabelVideo{this, "LabelVideo", ""};
+  Label TSec{this, "TSec", "00:00"};
+  Label TotalTime{this, "TotalTime", "00:00"};
+  Label StarePlayer{this, "StarePlayer", ""};
+  Label Titlu{this, "Titlu", ""};
+  PictureBox Visualisation{this, "Visualisation"};
+  Slider Volum{this, "Volum", 0, 100, 0};
+  ControlArray<Slider> SliderMoveMultimedia{this, "SliderMoveMultimedia", 1, 0, 0, 0};
+  TextBox KeyFocus{this, "KeyFocus"};
+  Timer Timer1{this, "Timer1", 500, true};
+
+  // Copies what Main shows into the mini window.
+  void MiniForm_Timer1_Timer();
+
+ private:
+  void MiniForm_Form_Load();
+};
+
+}  // namespace yarvo

@@ -1,0 +1,72 @@
+#pragma once
+// Runs each test against a freshly initialised library whose output is a
+// CaptureOutput, and frees the library afterwards.
+
+#include "CaptureOutput.h"
+#include "TestSignals.h"
+
+#include "engines/audio/AudioOutput.h"
+#include "engines/audio/Bass.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+namespace yarvo::audio::test {
+
+class BassFixture : public ::testing::Test {
+protected:
+  // Override before SetUp runs (in the derived constructor) to change them.
+  int outputRate_ = 44100;
+  CaptureOutput::Pace pace_ = CaptureOutput::Pace::Manual;
+
+  void SetUp() override {
+    setOutputFactory([this](int, int) {
+      auto output = std::make_unique<CaptureOutput>(outputRate_, pace_);
+      capture_ = output.get();
+      return output;
+    });
+    ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+  }
+
+  void TearDown() override {
+    BASS_Free();
+    setOutputFactory({});
+  }
+
+  HSTREAM openStream(const std::filesystem::path& path) {
+    return BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX | BASS_UNICODE);
+  }
+  HMUSIC loadMusic(const std::filesystem::path& path) {
+    return BASS_MusicLoad(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX | BASS_MUSIC_RAMP | BASS_UNICODE, 0);
+  }
+
+  // Manual pace: renders `seconds` of output and returns it.
+  std::vector<float> render(double seconds) {
+    constexpr std::size_t kStep = 441;
+    auto frames = static_cast<std::size_t>(seconds * outputRate_);
+    while (frames > 0) {
+      const std::size_t n = std::min(frames, kStep);
+      capture_->pump(n);
+      frames -= n;
+    }
+    return capture_->take();
+  }
+
+  // Manual pace: renders until the channel ends (at most `limit` seconds).
+  std::vector<float> renderToEnd(DWORD handle, double limit) {
+    std::vector<float> all;
+    const auto steps = static_cast<int>(limit * 10);
+    for (int i = 0; i < steps && BASS_ChannelIsActive(handle) != BASS_ACTIVE_STOPPED; ++i) {
+      const std::vector<float> part = render(0.1);
+      all.insert(all.end(), part.begin(), part.end());
+    }
+    return all;
+  }
+
+  TempDir dir_;
+  CaptureOutput* capture_ = nullptr;
+};
+
+}  // namespace yarvo::audio::test

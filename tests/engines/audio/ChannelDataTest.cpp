@@ -1,0 +1,104 @@
+// BASS_ChannelGetData: the spectrum and the samples of what is being heard.
+
+#include "BassFixture.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace yarvo::audio::test {
+namespace {
+
+class ChannelDataTest : public BassFixture {};
+
+std::array<float, 1024> spectrumOf(DWORD handle) {
+  std::array<float, 1024> fft{};
+  EXPECT_EQ(BASS_ChannelGetData(handle, fft.data(), BASS_DATA_FFT2048), 4096u);
+  return fft;
+}
+
+TEST_F(ChannelDataTest, SpectrumOfAFullScaleSinePeaksAtItsBin) {
+  const auto path = dir_.file("full.wav");
+  writeWav(path, sine(1000.0, 1.0, 2.0), true);
+  const HSTREAM stream = openStream(path);
+  ASSERT_NE(stream, 0u);
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  render(0.5);
+  const auto fft = spectrumOf(stream);
+  const auto top = std::max_element(fft.begin(), fft.end());
+  const double expectedBin = 1000.0 * 2048 / 44100;
+  EXPECT_NEAR(static_cast<double>(top - fft.begin()), expectedBin, 1.0);
+  EXPECT_GE(*top, 0.5f);
+  EXPECT_LE(*top, 1.0f);
+  // Far from the tone the Hann window leaves next to nothing.
+  EXPECT_LT(fft[200], 0.001f);
+}
+
+TEST_F(ChannelDataTest, SpectrumFollowsWhatIsHeardNotWhatWasDecoded) {
+  // 500 Hz for one second, then 3 kHz: right after the change in the output
+  // the spectrum shows 3 kHz, though the decoder is half a second ahead.
+  Signal first = sine(500.0, 0.5, 1.0);
+  const Signal second = sine(3000.0, 0.5, 1.0);
+  first.samples.insert(first.samples.end(), second.samples.begin(), second.samples.end());
+  const auto path = dir_.file("change.wav");
+  writeWav(path, first, true);
+  const HSTREAM stream = openStream(path);
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  render(0.9);
+  auto fft = spectrumOf(stream);
+  const auto bin = [](double hz) { return static_cast<std::size_t>(std::lround(hz * 2048 / 44100)); };
+  EXPECT_GT(fft[bin(500)], 0.2f);
+  EXPECT_LT(fft[bin(3000)], 0.01f);
+  render(0.2);
+  fft = spectrumOf(stream);
+  EXPECT_GT(fft[bin(3000)], 0.2f);
+  EXPECT_LT(fft[bin(500)], 0.01f);
+}
+
+TEST_F(ChannelDataTest, SpectrumBinsCountInTheFilesRateOnAnyOutput) {
+  BASS_Free();
+  outputRate_ = 48000;
+  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+  const auto path = dir_.file("full.wav");
+  writeWav(path, sine(1000.0, 1.0, 2.0), true);
+  const HSTREAM stream = openStream(path);
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  render(0.5);
+  const auto fft = spectrumOf(stream);
+  const auto top = std::max_element(fft.begin(), fft.end());
+  EXPECT_NEAR(static_cast<double>(top - fft.begin()), 1000.0 * 2048 / 44100, 1.0);
+}
+
+TEST_F(ChannelDataTest, FloatSamplesAreInterleavedByTheFilesChannels) {
+  const auto path = dir_.file("left.wav");
+  writeWav(path, stereo(sine(1000.0, 0.5, 1.0), sine(1000.0, 0.0, 1.0)), true);
+  const HSTREAM stream = openStream(path);
+  BASS_CHANNELINFO info{};
+  ASSERT_TRUE(BASS_ChannelGetInfo(stream, &info));
+  ASSERT_EQ(info.chans, 2u);
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  render(0.5);
+  std::array<float, 2 * 180> samples{};
+  const DWORD bytes = static_cast<DWORD>(samples.size() * sizeof(float));
+  ASSERT_EQ(BASS_ChannelGetData(stream, samples.data(), bytes | BASS_DATA_FLOAT), bytes);
+  float leftPeak = 0.0f;
+  float rightPeak = 0.0f;
+  for (std::size_t i = 0; i < samples.size(); i += 2) {
+    leftPeak = std::max(leftPeak, std::fabs(samples[i]));
+    rightPeak = std::max(rightPeak, std::fabs(samples[i + 1]));
+  }
+  EXPECT_NEAR(leftPeak, 0.5f, 0.01f);
+  EXPECT_EQ(rightPeak, 0.0f);
+}
+
+TEST_F(ChannelDataTest, BeforeAnythingIsHeardTheDataIsSilence) {
+  const auto path = dir_.file("full.wav");
+  writeWav(path, sine(1000.0, 1.0, 1.0), true);
+  const HSTREAM stream = openStream(path);
+  const auto fft = spectrumOf(stream);
+  EXPECT_EQ(*std::max_element(fft.begin(), fft.end()), 0.0f);
+  EXPECT_EQ(BASS_ChannelGetData(stream, nullptr, BASS_DATA_FFT2048), 0xFFFFFFFFu);
+}
+
+}  // namespace
+}  // namespace yarvo::audio::test

@@ -1,0 +1,257 @@
+// Opening by content, pause and stop, seeking, freeing, and every call on a
+// handle that is not (or no longer) a channel.
+
+#include "BassFixture.h"
+
+#include <cmath>
+#include <random>
+
+namespace yarvo::audio::test {
+namespace {
+
+class ChannelLifecycleTest : public BassFixture {
+protected:
+  HSTREAM openTone(double seconds = 3.0) {
+    const auto path = dir_.file("tone.wav");
+    writeWav(path, sine(1000.0, 0.25, seconds));
+    return openStream(path);
+  }
+};
+
+TEST_F(ChannelLifecycleTest, TrackerModuleIsMusicNotAStream) {
+  const auto path = dir_.file("song.mod");
+  writeModule(path);
+  EXPECT_EQ(openStream(path), 0u);
+  const HMUSIC music = loadMusic(path);
+  ASSERT_NE(music, 0u);
+  BASS_CHANNELINFO info{};
+  ASSERT_TRUE(BASS_ChannelGetInfo(music, &info));
+  EXPECT_EQ(info.ctype, BASS_CTYPE_MUSIC_MOD);
+  EXPECT_EQ(info.chans, 2u);
+  // 64 rows at speed 6 and 125 BPM: 7.68 s.
+  EXPECT_NEAR(BASS_ChannelBytes2Seconds(music, BASS_ChannelGetLength(music, BASS_POS_BYTE)), 7.68, 0.05);
+
+  // Found by content: named like an MP3 it is still no stream.
+  const auto renamed = dir_.file("song.mp3");
+  std::filesystem::copy_file(path, renamed);
+  EXPECT_EQ(openStream(renamed), 0u);
+  EXPECT_NE(loadMusic(renamed), 0u);
+
+  ASSERT_TRUE(BASS_ChannelPlay(music, BASS_FALSE));
+  const auto out = render(1.5);
+  EXPECT_GT(rms(out, 4410, 44100), 0.01);
+  // The note's pitch is there, on the left (ProTracker's first channel).
+  const double tone = toneAmplitude(out, 0, kModuleToneHz, 44100, 4410, 44100);
+  EXPECT_GT(tone, 5.0 * toneAmplitude(out, 0, 1.5 * kModuleToneHz, 44100, 4410, 44100));
+}
+
+TEST_F(ChannelLifecycleTest, StreamsAreNotMusic) {
+  const auto path = dir_.file("tone.wav");
+  writeWav(path, sine(1000.0, 0.25, 1.0));
+  EXPECT_EQ(loadMusic(path), 0u);
+  const auto mp3 = dir_.file("tone.mp3");
+  ASSERT_TRUE(ffmpegSine(mp3, "libmp3lame", 1.0));
+  EXPECT_EQ(loadMusic(mp3), 0u);
+  // Found by content: a WAV by another name is still a stream.
+  const auto renamed = dir_.file("tone.mod");
+  std::filesystem::copy_file(path, renamed);
+  EXPECT_NE(openStream(renamed), 0u);
+}
+
+TEST_F(ChannelLifecycleTest, PathsAreUtf8) {
+  const auto path = dir_.file("\xC8\x98tefan \xE2\x80\x93 c\xC3\xA2ntec.wav");  // "Ștefan – cântec.wav"
+  writeWav(path, sine(1000.0, 0.25, 1.0));
+  const HSTREAM stream = openStream(path);
+  ASSERT_NE(stream, 0u);
+  BASS_CHANNELINFO info{};
+  ASSERT_TRUE(BASS_ChannelGetInfo(stream, &info));
+  EXPECT_EQ(std::string(info.filename), path.string());
+  const auto module = dir_.file("m\xC3\xBAsica.mod");
+  writeModule(module);
+  EXPECT_NE(loadMusic(module), 0u);
+}
+
+struct BadFile {
+  const char* name;
+  std::vector<unsigned char> bytes;
+};
+
+std::vector<unsigned char> randomBytes(std::size_t n) {
+  std::mt19937 random(7);
+  std::vector<unsigned char> bytes(n);
+  for (auto& b : bytes) b = static_cast<unsigned char>(random());
+  return bytes;
+}
+
+std::vector<unsigned char> textOf(const std::string& s) { return {s.begin(), s.end()}; }
+
+TEST_F(ChannelLifecycleTest, CorruptOrEmptyFilesGiveNoHandle) {
+  const std::vector<BadFile> cases{
+      {"empty", {}},
+      {"random", randomBytes(8192)},
+      {"truncated_riff", textOf("RIFF\x24\x00\x00\x00WAVEfmt ")},
+      {"text", textOf("#EXTM3U\nsong.mp3\n")},
+      {"mpeg_sync_once", {0xFF, 0xFB, 0x90, 0x64, 0, 0, 0, 0}},
+  };
+  for (const BadFile& c : cases) {
+    SCOPED_TRACE(c.name);
+    const auto path = dir_.file(c.name);
+    writeBytes(path, c.bytes);
+    EXPECT_EQ(openStream(path), 0u);
+    EXPECT_EQ(loadMusic(path), 0u);
+  }
+  EXPECT_EQ(openStream(dir_.file("missing.mp3")), 0u);
+  EXPECT_EQ(loadMusic(dir_.file("missing.mod")), 0u);
+}
+
+TEST_F(ChannelLifecycleTest, PausedChannelStaysActiveAndStandsStill) {
+  const HSTREAM stream = openTone();
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  render(0.5);
+  ASSERT_TRUE(BASS_ChannelPause(stream));
+  render(0.05);  // the fade-out
+  const QWORD paused = BASS_ChannelGetPosition(stream, BASS_POS_BYTE);
+  const auto silence = render(1.0);
+  EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_PAUSED);
+  EXPECT_EQ(BASS_ChannelGetPosition(stream, BASS_POS_BYTE), paused);
+  EXPECT_EQ(peak(silence, 0, silence.size() / 2), 0.0);
+  // The fade took about 5 ms, not more.
+  EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, paused), 0.5, 0.01);
+
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  const auto resumed = render(0.5);
+  EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_PLAYING);
+  EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)), 1.0, 0.01);
+  EXPECT_NEAR(toneAmplitude(resumed, 0, 1000.0, 44100, 4410, 17640), 0.25, 0.01);
+}
+
+TEST_F(ChannelLifecycleTest, StoppedChannelIsInactiveAndResumesWhereItStopped) {
+  const HSTREAM stream = openTone();
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  render(0.5);
+  ASSERT_TRUE(BASS_ChannelStop(stream));
+  render(0.1);
+  EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_STOPPED);
+  const QWORD stopped = BASS_ChannelGetPosition(stream, BASS_POS_BYTE);
+  EXPECT_FALSE(BASS_ChannelPause(stream));
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  render(0.2);
+  EXPECT_GT(BASS_ChannelGetPosition(stream, BASS_POS_BYTE), stopped);
+}
+
+TEST_F(ChannelLifecycleTest, SeekingMovesThePositionAndTheSound) {
+  Signal signal = sine(500.0, 0.25, 1.0);
+  const Signal later = sine(2000.0, 0.25, 1.0);
+  signal.samples.insert(signal.samples.end(), later.samples.begin(), later.samples.end());
+  const auto path = dir_.file("two.wav");
+  writeWav(path, signal);
+  const HSTREAM stream = openStream(path);
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  render(0.3);
+  const QWORD target = 44100 * 2 + 44100;  // 1.5 s of mono 16-bit
+  ASSERT_TRUE(BASS_ChannelSetPosition(stream, target, BASS_POS_BYTE));
+  EXPECT_EQ(BASS_ChannelGetPosition(stream, BASS_POS_BYTE), target);
+  const auto out = render(0.3);
+  EXPECT_NEAR(toneAmplitude(out, 0, 2000.0, 44100, 2205, 8820), 0.25, 0.01);
+  EXPECT_LT(toneAmplitude(out, 0, 500.0, 44100, 2205, 8820), 0.01);
+  EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)), 1.8, 0.01);
+  EXPECT_FALSE(BASS_ChannelSetPosition(stream, 10 * target, BASS_POS_BYTE));
+}
+
+TEST_F(ChannelLifecycleTest, EndedChannelIsInactiveAndPlaysAgainFromTheStart) {
+  const HSTREAM stream = openTone(0.5);
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  renderToEnd(stream, 2.0);
+  EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_STOPPED);
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  const auto again = render(0.2);
+  EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_PLAYING);
+  EXPECT_NEAR(toneAmplitude(again, 0, 1000.0, 44100, 441, 4410), 0.25, 0.01);
+}
+
+TEST_F(ChannelLifecycleTest, FreedChannelIsInactiveAndSilent) {
+  const HSTREAM stream = openTone();
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  render(0.3);
+  EXPECT_FALSE(BASS_MusicFree(stream));  // another kind: harmless
+  EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_PLAYING);
+  EXPECT_TRUE(BASS_StreamFree(stream));
+  EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_STOPPED);
+  const auto after = render(0.2);
+  EXPECT_EQ(peak(after, 0, after.size() / 2), 0.0);
+}
+
+// Every call, on 0, on an unknown value, on a freed channel and on a channel
+// from before BASS_Free: each fails and nothing else happens.
+TEST_F(ChannelLifecycleTest, CallsOnDeadHandlesFailHarmlessly) {
+  const HSTREAM freed = openTone();
+  const HFX freedFx = BASS_ChannelSetFX(freed, BASS_FX_DX8_PARAMEQ, 0);
+  ASSERT_NE(freedFx, 0u);
+  ASSERT_TRUE(BASS_StreamFree(freed));
+  const HSTREAM live = openTone();
+  ASSERT_TRUE(BASS_ChannelPlay(live, BASS_FALSE));
+
+  const std::vector<std::pair<const char*, DWORD>> handles{
+      {"zero", 0}, {"unknown", 0x7FFF1234}, {"freed", freed}, {"freed effect", freedFx}};
+  for (const auto& [name, handle] : handles) {
+    SCOPED_TRACE(name);
+    BASS_DX8_PARAMEQ eq{1000, 18, 0};
+    BASS_CHANNELINFO info{};
+    std::array<float, 1024> data{};
+    EXPECT_FALSE(BASS_ChannelPlay(handle, BASS_FALSE));
+    EXPECT_FALSE(BASS_ChannelPause(handle));
+    EXPECT_FALSE(BASS_ChannelStop(handle));
+    EXPECT_EQ(BASS_ChannelIsActive(handle), BASS_ACTIVE_STOPPED);
+    EXPECT_EQ(BASS_ChannelGetPosition(handle, BASS_POS_BYTE), ~QWORD{0});
+    EXPECT_EQ(BASS_ChannelGetLength(handle, BASS_POS_BYTE), ~QWORD{0});
+    EXPECT_FALSE(BASS_ChannelSetPosition(handle, 0, BASS_POS_BYTE));
+    EXPECT_LT(BASS_ChannelBytes2Seconds(handle, 1000), 0.0);
+    EXPECT_FALSE(BASS_ChannelGetInfo(handle, &info));
+    EXPECT_EQ(BASS_ChannelGetData(handle, data.data(), BASS_DATA_FFT2048), 0xFFFFFFFFu);
+    EXPECT_EQ(BASS_ChannelSetFX(handle, BASS_FX_DX8_PARAMEQ, 0), 0u);
+    EXPECT_FALSE(BASS_StreamFree(handle));
+    EXPECT_FALSE(BASS_MusicFree(handle));
+    if (handle != freedFx) {
+      EXPECT_FALSE(BASS_FXSetParameters(handle, &eq));
+      EXPECT_FALSE(BASS_FXGetParameters(handle, &eq));
+    }
+  }
+  EXPECT_FALSE(BASS_FXSetParameters(freedFx, nullptr));
+  BASS_DX8_PARAMEQ eq{};
+  EXPECT_FALSE(BASS_FXGetParameters(freedFx, &eq));
+  EXPECT_EQ(BASS_ChannelIsActive(live), BASS_ACTIVE_PLAYING);
+
+  // Handles do not survive a new initialisation.
+  ASSERT_TRUE(BASS_Free());
+  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+  EXPECT_EQ(BASS_ChannelIsActive(live), BASS_ACTIVE_STOPPED);
+  EXPECT_FALSE(BASS_ChannelPlay(live, BASS_FALSE));
+  EXPECT_FALSE(BASS_StreamFree(live));
+}
+
+TEST_F(ChannelLifecycleTest, InitTwiceFailsAndNothingOpensBeforeInit) {
+  EXPECT_FALSE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+  ASSERT_TRUE(BASS_Free());
+  EXPECT_FALSE(BASS_Free());
+  EXPECT_EQ(openTone(), 0u);
+  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+  EXPECT_NE(openTone(), 0u);
+}
+
+TEST_F(ChannelLifecycleTest, StreamVolumeScalesTheOutputLinearly) {
+  const HSTREAM stream = openTone();
+  ASSERT_TRUE(BASS_SetConfig(BASS_CONFIG_GVOL_STREAM, 5000));
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  const auto half = render(0.5);
+  EXPECT_NEAR(toneAmplitude(half, 0, 1000.0, 44100, 4410, 17640), 0.125, 0.002);
+  ASSERT_TRUE(BASS_SetConfig(BASS_CONFIG_GVOL_STREAM, 0));
+  render(0.1);
+  const auto muted = render(0.2);
+  EXPECT_EQ(peak(muted, 0, muted.size() / 2), 0.0);
+  EXPECT_FALSE(BASS_SetConfig(99, 1));
+  // The volume is global and outlives the library's initialisation.
+  ASSERT_TRUE(BASS_SetConfig(BASS_CONFIG_GVOL_STREAM, 10000));
+}
+
+}  // namespace
+}  // namespace yarvo::audio::test

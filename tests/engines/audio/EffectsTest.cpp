@@ -1,0 +1,188 @@
+// The equaliser bands, the reverb and the output limiter, measured on what
+// the capture output received.
+
+#include "BassFixture.h"
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace yarvo::audio::test {
+namespace {
+
+// The engine's bands: these centres, 18 semitones wide.
+constexpr std::array<float, 10> kBandCentres{80, 150, 300, 500, 750, 1000, 3000, 8000, 12000, 15000};
+constexpr float kBandwidth = 18.0f;
+
+class EffectsTest : public BassFixture {
+protected:
+  // Plays `signal` through the effects `setup` puts on the stream, and
+  // returns one second of output from 0.5 s on, when filters have settled.
+  template <typename Setup>
+  std::vector<float> playThrough(const Signal& signal, Setup setup) {
+    const auto path = dir_.file("in.wav");
+    writeWav(path, signal, true);
+    const HSTREAM stream = openStream(path);
+    EXPECT_NE(stream, 0u);
+    setup(stream);
+    EXPECT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+    std::vector<float> out = render(static_cast<double>(signal.samples.size()) / signal.rate);
+    BASS_StreamFree(stream);
+    return out;
+  }
+
+  static HFX addBand(HSTREAM stream, float centre, float gain) {
+    const HFX fx = BASS_ChannelSetFX(stream, BASS_FX_DX8_PARAMEQ, 0);
+    const BASS_DX8_PARAMEQ p{centre, kBandwidth, gain};
+    EXPECT_TRUE(BASS_FXSetParameters(fx, &p));
+    return fx;
+  }
+
+  static HFX addReverb(HSTREAM stream, float mixDb) {
+    const HFX fx = BASS_ChannelSetFX(stream, BASS_FX_DX8_REVERB, 0);
+    BASS_DX8_REVERB p{};
+    EXPECT_TRUE(BASS_FXGetParameters(fx, &p));
+    p.fReverbMix = mixDb;
+    EXPECT_TRUE(BASS_FXSetParameters(fx, &p));
+    return fx;
+  }
+};
+
+struct BandCase {
+  float centre;
+  float gain;
+  double toneHz;
+  double expectedDb;
+  double toleranceDb;
+};
+
+class BandTest : public EffectsTest, public ::testing::WithParamInterface<BandCase> {};
+
+TEST_P(BandTest, ChangesTheToneByTheExpectedGain) {
+  const BandCase& c = GetParam();
+  constexpr double kAmplitude = 0.1;
+  const auto out = playThrough(sine(c.toneHz, kAmplitude, 2.0), [&](HSTREAM s) { addBand(s, c.centre, c.gain); });
+  const double level = toneAmplitude(out, 0, c.toneHz, 44100, 44100 / 2, 44100);
+  EXPECT_NEAR(toDb(level / kAmplitude), c.expectedDb, c.toleranceDb);
+}
+
+INSTANTIATE_TEST_SUITE_P(PeakingBands, BandTest,
+                         ::testing::Values(BandCase{1000, 10, 1000, 10, 0.5},   // at the centre
+                                           BandCase{1000, 10, 250, 0, 1.0},     // two octaves below
+                                           BandCase{1000, 10, 4000, 0, 1.0},    // two octaves above
+                                           BandCase{1000, -10, 1000, -10, 0.5},
+                                           BandCase{80, 10, 80, 10, 0.5},
+                                           BandCase{12000, 10, 12000, 10, 0.5},
+                                           BandCase{3000, 0, 3000, 0, 0.01}));
+
+TEST_F(EffectsTest, AllBandsAtZeroAreTransparent) {
+  constexpr std::array<double, 4> kTones{100, 1000, 5000, 14000};
+  for (double hz : kTones) {
+    SCOPED_TRACE(hz);
+    const auto out = playThrough(sine(hz, 0.25, 2.0), [](HSTREAM s) {
+      for (float centre : kBandCentres) addBand(s, centre, 0.0f);
+      addReverb(s, -96.0f);
+    });
+    EXPECT_NEAR(toDb(toneAmplitude(out, 0, hz, 44100, 44100 / 2, 44100) / 0.25), 0.0, 0.1);
+  }
+}
+
+TEST_F(EffectsTest, NewParametersAreHeardWithinTheNextPeriod) {
+  const auto path = dir_.file("in.wav");
+  writeWav(path, sine(1000.0, 0.1, 3.0), true);
+  const HSTREAM stream = openStream(path);
+  ASSERT_NE(stream, 0u);
+  const HFX band = addBand(stream, 1000.0f, 0.0f);
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  render(0.5);
+  const BASS_DX8_PARAMEQ boosted{1000.0f, kBandwidth, 10.0f};
+  ASSERT_TRUE(BASS_FXSetParameters(band, &boosted));
+  // The first 10 ms after the change already carry the boost, give or take
+  // the filter's settling.
+  const auto out = render(0.1);
+  EXPECT_NEAR(toDb(toneAmplitude(out, 0, 1000.0, 44100, 441 * 2, 441 * 4) / 0.1), 10.0, 1.0);
+}
+
+TEST_F(EffectsTest, ParametersReadBackClampedToTheirRanges) {
+  const auto path = dir_.file("in.wav");
+  writeWav(path, sine(1000.0, 0.1, 1.0));
+  const HSTREAM stream = openStream(path);
+  const HFX band = BASS_ChannelSetFX(stream, BASS_FX_DX8_PARAMEQ, 0);
+  const HFX reverb = BASS_ChannelSetFX(stream, BASS_FX_DX8_REVERB, 0);
+  ASSERT_NE(band, 0u);
+  ASSERT_NE(reverb, 0u);
+  BASS_DX8_REVERB r{};
+  ASSERT_TRUE(BASS_FXGetParameters(reverb, &r));
+  EXPECT_FLOAT_EQ(r.fInGain, 0.0f);
+  EXPECT_FLOAT_EQ(r.fReverbMix, 0.0f);
+  EXPECT_FLOAT_EQ(r.fReverbTime, 1000.0f);
+  EXPECT_FLOAT_EQ(r.fHighFreqRTRatio, 0.001f);
+  r.fReverbMix = -200.0f;
+  r.fReverbTime = 9000.0f;
+  ASSERT_TRUE(BASS_FXSetParameters(reverb, &r));
+  ASSERT_TRUE(BASS_FXGetParameters(reverb, &r));
+  EXPECT_FLOAT_EQ(r.fReverbMix, -96.0f);
+  EXPECT_FLOAT_EQ(r.fReverbTime, 3000.0f);
+  const BASS_DX8_PARAMEQ wild{30.0f, 18.0f, 40.0f};
+  ASSERT_TRUE(BASS_FXSetParameters(band, &wild));
+  BASS_DX8_PARAMEQ p{};
+  ASSERT_TRUE(BASS_FXGetParameters(band, &p));
+  EXPECT_FLOAT_EQ(p.fCenter, 80.0f);
+  EXPECT_FLOAT_EQ(p.fGain, 15.0f);
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  const BASS_DX8_PARAMEQ broken{nan, 18.0f, 0.0f};
+  EXPECT_FALSE(BASS_FXSetParameters(band, &broken));
+}
+
+// After a click, a reverb at 0 dB leaves a tail that decays; at -96 dB none.
+TEST_F(EffectsTest, ReverbMixDecidesWhetherAClickLeavesATail) {
+  constexpr double kClickAt = 0.25;
+  const std::size_t clickFrame = static_cast<std::size_t>(kClickAt * 44100);
+  const std::size_t early = clickFrame + 44100 / 20;  // 50 ms after
+  const auto wet = playThrough(click(kClickAt, 0.5, 2.0), [](HSTREAM s) { addReverb(s, 0.0f); });
+  const auto dry = playThrough(click(kClickAt, 0.5, 2.0), [](HSTREAM s) { addReverb(s, -96.0f); });
+
+  // With the default high-frequency ratio the click's highs die at once and
+  // the tail is the low part of it: some 60 dB under the click, and real.
+  EXPECT_GT(rms(wet, early, 44100 / 5), 1e-4);
+  // Decaying, as a room does: the second 200 ms are quieter than the first.
+  EXPECT_LT(rms(wet, early + 44100 / 5, 44100 / 5), rms(wet, early, 44100 / 5));
+  EXPECT_EQ(peak(dry, early, 44100), 0.0);
+  // The click itself passes dry in both.
+  EXPECT_NEAR(peak(dry, clickFrame, 1), 0.5, 1e-6);
+  EXPECT_GE(peak(wet, clickFrame, 1), 0.49);
+}
+
+// A longer reverb time leaves more of the tail a second after the click.
+TEST_F(EffectsTest, ReverbTimeSetsTheLengthOfTheTail) {
+  auto tailAfterOneSecond = [&](float timeMs) {
+    const auto out = playThrough(click(0.1, 0.5, 2.0), [&](HSTREAM s) {
+      const HFX fx = BASS_ChannelSetFX(s, BASS_FX_DX8_REVERB, 0);
+      const BASS_DX8_REVERB p{0.0f, 0.0f, timeMs, 0.5f};
+      EXPECT_TRUE(BASS_FXSetParameters(fx, &p));
+    });
+    return rms(out, static_cast<std::size_t>(1.1 * 44100), 44100 / 5);
+  };
+  const double shortTail = tailAfterOneSecond(300.0f);
+  const double longTail = tailAfterOneSecond(2500.0f);
+  // 300 ms: 200 dB down by then; 2.5 s: only 24 dB further down.
+  EXPECT_GT(longTail, 1e-5);
+  EXPECT_LT(shortTail, longTail * 1e-3);
+}
+
+// All ten bands at +10 dB on a loud tone: the output never clips, and the
+// limiter does not distort the tone audibly.
+TEST_F(EffectsTest, ElevenEffectsAtFullBoostDoNotClip) {
+  const auto out = playThrough(sine(1000.0, 0.5, 2.0), [](HSTREAM s) {
+    for (float centre : kBandCentres) addBand(s, centre, 10.0f);
+    addReverb(s, 0.0f);
+  });
+  EXPECT_LE(peak(out, 0, out.size() / 2), 1.0);
+  const double fundamental = toneAmplitude(out, 0, 1000.0, 44100, 44100 / 2, 44100);
+  EXPECT_GT(fundamental, 0.5);
+  EXPECT_LT(toneAmplitude(out, 0, 3000.0, 44100, 44100 / 2, 44100), fundamental * 0.01);
+  EXPECT_LT(toneAmplitude(out, 0, 2000.0, 44100, 44100 / 2, 44100), fundamental * 0.01);
+}
+
+}  // namespace
+}  // namespace yarvo::audio::test

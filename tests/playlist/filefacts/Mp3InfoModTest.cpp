@@ -1,0 +1,293 @@
+#include "playlist/Mp3InfoMod.h"
+
+#include "TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace yarvo {
+namespace {
+
+using test::TempFolder;
+
+// A head of `size` zero bytes with a frame header 255 b1 b2 b3 at the 1-based position.
+std::vector<std::uint8_t> headWithHeader(std::size_t size, std::size_t position, std::uint8_t b1,
+                                         std::uint8_t b2, std::uint8_t b3) {
+  std::vector<std::uint8_t> head(size, 0);
+  head.at(position - 1) = 255;
+  head.at(position) = b1;
+  head.at(position + 1) = b2;
+  head.at(position + 2) = b3;
+  return head;
+}
+
+// A Xing header 36 bytes behind the frame start, with a big-endian frame count.
+void putXing(std::vector<std::uint8_t>& head, std::size_t framePosition, std::size_t offset,
+             std::uint32_t frames, const char* magic = "Xing") {
+  const std::size_t at = framePosition - 1 + offset;
+  std::copy_n(magic, 4, head.begin() + static_cast<std::ptrdiff_t>(at));
+  head.at(at + 7) = 0x0F;  // flags: frames, bytes, TOC, quality
+  for (int k = 0; k < 4; ++k)
+    head.at(at + 8 + static_cast<std::size_t>(k)) =
+        static_cast<std::uint8_t>(frames >> (24 - 8 * k));
+}
+
+Mp3Info infoOf(const std::vector<std::uint8_t>& head, std::uint64_t fileSize) {
+  Mp3Info info;
+  readMp3InfoBytes(head, fileSize, info);
+  return info;
+}
+
+bool allEmptyBut(const Mp3Info& i, const std::string& fileSize) {
+  return i.BitRate.empty() && i.Mode.empty() && i.Copyright.empty() && i.Crc.empty() &&
+         i.Emphasis.empty() && i.Frequency.empty() && i.Layer.empty() && i.Length.empty() &&
+         i.Version.empty() && i.Original.empty() && i.FileSize == fileSize;
+}
+
+TEST(ReadMp3Info, SyncAt4092FoundAt4093Not) {
+  const Mp3Info found = infoOf(headWithHeader(4096, 4092, 0xFB, 0x90, 0x44), 1'000'000);
+  EXPECT_EQ(found.Version, "MPEG 1.0");
+  EXPECT_EQ(found.BitRate, "128");
+  EXPECT_EQ(found.FileSize, "1000000");
+
+  std::vector<std::uint8_t> late(4096, 0);
+  late[4092] = 255;  // position 4093
+  late[4093] = 0xFB;
+  late[4094] = 0x90;
+  EXPECT_TRUE(allEmptyBut(infoOf(late, 1'000'000), "1000000"));
+}
+
+TEST(ReadMp3Info, OnlyMpeg1And2SyncBytesCount) {
+  for (int b = 0; b < 256; ++b) {
+    SCOPED_TRACE(b);
+    const auto b1 = static_cast<std::uint8_t>(b);
+    const Mp3Info info = infoOf(headWithHeader(64, 10, b1, 0x90, 0x00), 5000);
+    const bool accepted = (b >= 242 && b <= 247) || b >= 250;
+    EXPECT_EQ(info.Version.empty(), !accepted);
+  }
+}
+
+struct HeaderCase {
+  const char* name;
+  std::uint8_t b1, b2, b3;
+  const char* crc;
+  const char* version;
+  const char* layer;
+  const char* frequency;
+  const char* bitRate;
+  const char* mode;
+  const char* copyright;
+  const char* original;
+  const char* emphasis;
+};
+
+void PrintTo(const HeaderCase& c, std::ostream* os) { *os << c.name; }
+
+class HeaderFields : public testing::TestWithParam<HeaderCase> {};
+
+TEST_P(HeaderFields, Decoded) {
+  const HeaderCase& c = GetParam();
+  const Mp3Info i = infoOf(headWithHeader(4096, 1, c.b1, c.b2, c.b3), 96000);
+  EXPECT_EQ(i.Crc, c.crc);
+  EXPECT_EQ(i.Version, c.version);
+  EXPECT_EQ(i.Layer, c.layer);
+  EXPECT_EQ(i.Frequency, c.frequency);
+  EXPECT_EQ(i.BitRate, c.bitRate);
+  EXPECT_EQ(i.Mode, c.mode);
+  EXPECT_EQ(i.Copyright, c.copyright);
+  EXPECT_EQ(i.Original, c.original);
+  EXPECT_EQ(i.Emphasis, c.emphasis);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Headers, HeaderFields,
+    testing::Values(HeaderCase{"Mpeg1Layer3", 0xFB, 0x90, 0x44, "No", "MPEG 1.0", "layer 3",
+                               "44100 Hz", "128", " Joint Stereo", " No", " Yes", " None"},
+                    HeaderCase{"Mpeg1Layer3Crc", 0xFA, 0x94, 0x00, "Yes", "MPEG 1.0", "layer 3",
+                               "48000 Hz", "128", " Stereo", " No", " No", " None"},
+                    HeaderCase{"Mpeg2Index9Code0", 0xF3, 0x90, 0xC0, "No", "MPEG 2.0", "layer 3",
+                               "22050 Hz", "80", " Mono", " No", " No", " None"},
+                    HeaderCase{"Mpeg2Layer2", 0xF5, 0xE8, 0x89, "No", "MPEG 2.0", "layer 2",
+                               "16000 Hz", "160", " 2 Channel", " Yes", " No", " 50/15 microsec"},
+                    HeaderCase{"Mpeg1Layer1ShowsLayer3Rate", 0xFF, 0x90, 0x0E, "No", "MPEG 1.0",
+                               "layer 1", "44100 Hz", "128", " Stereo", " Yes", " Yes", " invalid"},
+                    HeaderCase{"Mpeg1Layer2ShowsLayer3Rate", 0xFD, 0xB4, 0x43, "No", "MPEG 1.0",
+                               "layer 2", "48000 Hz", "192", " Joint Stereo", " No", " No",
+                               " CITT j. 17"},
+                    HeaderCase{"Mpeg2Layer1", 0xF6, 0x24, 0x00, "Yes", "MPEG 2.0", "layer 1",
+                               "24000 Hz", "16", " Stereo", " No", " No", " None"},
+                    HeaderCase{"ReservedRateCodeIn32kGroup", 0xFB, 0x9C, 0x00, "No", "MPEG 1.0",
+                               "layer 3", "32000 Hz", "128", " Stereo", " No", " No", " None"}),
+    [](const testing::TestParamInfo<HeaderCase>& p) { return std::string(p.param.name); });
+
+TEST(ReadMp3Info, BitRateAndSampleRateForEveryCode) {
+  // The standards' layer 3 columns; index 0 (free format) and 15 (invalid) as the player has them.
+  const std::array<int, 16> mpeg1 = {24,  32,  40,  48,  56,  64,  80,  96,
+                                     112, 128, 160, 192, 224, 256, 320, 320};
+  const std::array<int, 16> mpeg2 = {0,  8,  16, 24,  32,  40,  48,  56,
+                                     64, 80, 96, 112, 128, 144, 160, 176};
+  for (std::uint8_t b1 : {std::uint8_t{0xFB}, std::uint8_t{0xFD}, std::uint8_t{0xFF},
+                          std::uint8_t{0xF3}, std::uint8_t{0xF5}, std::uint8_t{0xF7}}) {
+    const bool isMpeg2 = b1 < 0xF8;
+    for (int code = 0; code < 256; ++code) {
+      SCOPED_TRACE(testing::Message() << "b1 " << int{b1} << " b2 " << code);
+      const Mp3Info i = infoOf(headWithHeader(64, 1, b1, static_cast<std::uint8_t>(code), 0), 4000);
+      const int kbps = (isMpeg2 ? mpeg2 : mpeg1)[static_cast<std::size_t>(code >> 4)];
+      EXPECT_EQ(i.BitRate, std::to_string(kbps));
+      const int low = code & 15;
+      const int rate = low < 4 ? 44100 : low < 8 ? 48000 : 32000;
+      EXPECT_EQ(i.Frequency, std::to_string(isMpeg2 ? rate / 2 : rate) + " Hz");
+    }
+  }
+}
+
+TEST(ReadMp3Info, ConstantBitRateLengthFromFileSize) {
+  // 128 kbit/s is 16 bytes a millisecond: 1,000,000 bytes are 62,500 ms.
+  EXPECT_EQ(infoOf(headWithHeader(4096, 1, 0xFB, 0x90, 0x00), 1'000'000).Length, "62");
+  EXPECT_EQ(infoOf(headWithHeader(4096, 1, 0xFB, 0x90, 0x00), 15'999).Length, "0");
+  // 8 kbit/s of MPEG 2.0, and 24 kbit/s of the MPEG 1.0 free-format index.
+  EXPECT_EQ(infoOf(headWithHeader(4096, 1, 0xF3, 0x10, 0x00), 12'345).Length, "12");
+  EXPECT_EQ(infoOf(headWithHeader(4096, 1, 0xFB, 0x00, 0x00), 3'000'000).Length, "1000");
+}
+
+TEST(ReadMp3Info, ZeroBitRateStopsBehindBitRate) {
+  Mp3Info info;
+  info.Mode = "from before";
+  readMp3InfoBytes(headWithHeader(4096, 1, 0xF3, 0x00, 0xC0), 50000, info);
+  EXPECT_EQ(info.Version, "MPEG 2.0");
+  EXPECT_EQ(info.Frequency, "22050 Hz");
+  EXPECT_EQ(info.BitRate, "0");
+  EXPECT_EQ(info.Length, "");
+  EXPECT_EQ(info.Copyright, "");
+  EXPECT_EQ(info.FileSize, "");
+  EXPECT_EQ(info.Mode, "from before");
+}
+
+TEST(ReadMp3Info, Xing3831FramesGive99Seconds) {
+  std::vector<std::uint8_t> head = headWithHeader(4096, 100, 0xFB, 0x90, 0x40);
+  putXing(head, 100, 36, 3831);
+  const Mp3Info i = infoOf(head, 3'000'000);
+  EXPECT_EQ(i.Length, "99");
+  EXPECT_EQ(i.BitRate, "242");  // 24,000,000 bits in 99,000 ms
+  EXPECT_EQ(i.Mode, " Joint Stereo");
+  EXPECT_EQ(i.FileSize, "3000000");
+}
+
+TEST(ReadMp3Info, HugeFileSizesDoNotOverflow) {
+  constexpr std::uint64_t kSize = std::uint64_t{1} << 62;
+  EXPECT_EQ(infoOf(headWithHeader(4096, 1, 0xFB, 0x90, 0x40), kSize).Length, "288230376151711");
+  std::vector<std::uint8_t> head = headWithHeader(4096, 1, 0xFB, 0x90, 0x40);
+  putXing(head, 1, 36, 3831);
+  const Mp3Info xing = infoOf(head, kSize);
+  EXPECT_EQ(xing.BitRate, "372661496438576");  // 2^65 bits over 99,000 ms
+  EXPECT_EQ(xing.FileSize, "4611686018427387904");
+}
+
+TEST(ReadMp3Info, XingCountKeepsOnlyItsLowThreeBytes) {
+  std::vector<std::uint8_t> head = headWithHeader(4096, 1, 0xFB, 0x90, 0x40);
+  putXing(head, 1, 36, (1u << 24) + 3831);
+  EXPECT_EQ(infoOf(head, 3'000'000).Length, "99");
+  putXing(head, 1, 36, 0xFF000000u);
+  EXPECT_EQ(infoOf(head, 3'000'000).Length, "0");
+}
+
+TEST(ReadMp3Info, XingOnlyAtOffset36AndExactSpelling) {
+  for (std::size_t offset : {13u, 21u, 35u, 37u}) {
+    SCOPED_TRACE(offset);
+    std::vector<std::uint8_t> head = headWithHeader(4096, 1, 0xFB, 0x90, 0x40);
+    putXing(head, 1, offset, 3831);
+    EXPECT_EQ(infoOf(head, 1'000'000).Length, "62");  // the constant bit rate rule
+  }
+  for (const char* magic : {"xing", "Info", "XING"}) {
+    SCOPED_TRACE(magic);
+    std::vector<std::uint8_t> head = headWithHeader(4096, 1, 0xFB, 0x90, 0x40);
+    putXing(head, 1, 36, 3831, magic);
+    EXPECT_EQ(infoOf(head, 1'000'000).Length, "62");
+  }
+}
+
+TEST(ReadMp3Info, SmallXingCountStopsBehindLength) {
+  std::vector<std::uint8_t> head = headWithHeader(4096, 1, 0xFB, 0x90, 0x40);
+  putXing(head, 1, 36, 57);
+  const Mp3Info stopped = infoOf(head, 1'000'000);
+  EXPECT_EQ(stopped.Length, "0");
+  EXPECT_EQ(stopped.BitRate, "128");
+  EXPECT_EQ(stopped.Mode, "");
+  EXPECT_EQ(stopped.FileSize, "");
+
+  putXing(head, 1, 36, 58);
+  const Mp3Info oneSecond = infoOf(head, 1'000'000);
+  EXPECT_EQ(oneSecond.Length, "1");
+  EXPECT_EQ(oneSecond.BitRate, "8000");
+  EXPECT_EQ(oneSecond.FileSize, "1000000");
+}
+
+TEST(ReadMp3Info, XingBytesPastTheWindowReadAsZero) {
+  // Frame at 4057: "Xing" fills 4093..4096, the frame count lies behind the window.
+  std::vector<std::uint8_t> head = headWithHeader(4200, 4057, 0xFB, 0x90, 0x40);
+  putXing(head, 4057, 36, 3831);
+  EXPECT_EQ(infoOf(head, 1'000'000).Length, "0");
+}
+
+// The rule as the player states it, counted second by second.
+std::uint32_t countSeconds(std::uint32_t frames) {
+  std::int64_t remaining = std::int64_t{frames} - 57;
+  std::uint32_t seconds = 0;
+  while (remaining > 0) {
+    ++seconds;
+    remaining -= 38;
+    if (seconds % 3 == 0) remaining -= 1;
+  }
+  return seconds;
+}
+
+TEST(Mp3XingSeconds, AgreesWithCountingSecondBySecond) {
+  for (std::uint32_t frames = 0; frames < 100'000; ++frames)
+    ASSERT_EQ(mp3XingSeconds(frames), countSeconds(frames)) << frames;
+  for (std::uint32_t frames : {0xFFFFFFu, 0xFFFFFEu, 0x7FFFFFu, 1'234'567u})
+    EXPECT_EQ(mp3XingSeconds(frames), countSeconds(frames)) << frames;
+}
+
+TEST(ReadMp3Info, FromFiles) {
+  TempFolder dir;
+  Mp3Info missing;
+  ReadMp3Info(dir.path() / "missing.mp3", missing);
+  EXPECT_TRUE(allEmptyBut(missing, ""));
+
+  Mp3Info folder;
+  ReadMp3Info(dir.path(), folder);
+  EXPECT_TRUE(allEmptyBut(folder, ""));
+
+  Mp3Info empty;
+  ReadMp3Info(dir.write("empty.mp3", {}), empty);
+  EXPECT_TRUE(allEmptyBut(empty, "0"));
+
+  // An ID3v2 block longer than the window hides the first frame.
+  std::vector<std::uint8_t> tagged(5000, 0);
+  std::copy_n("ID3", 3, tagged.begin());
+  const std::vector<std::uint8_t> frame = headWithHeader(4, 1, 0xFB, 0x90, 0x40);
+  tagged.insert(tagged.end(), frame.begin(), frame.end());
+  Mp3Info hidden;
+  ReadMp3Info(dir.write("v2.mp3", tagged), hidden);
+  EXPECT_TRUE(allEmptyBut(hidden, "5004"));
+
+  // Only the first 4096 bytes are read, but the size is the whole file's.
+  std::vector<std::uint8_t> big = headWithHeader(200'000, 4092, 0xFB, 0x90, 0x40);
+  Mp3Info bigInfo;
+  ReadMp3Info(dir.write("big.mp3", big), bigInfo);
+  EXPECT_EQ(bigInfo.FileSize, "200000");
+  EXPECT_EQ(bigInfo.Length, "12");
+
+  // Two bytes: the header's missing bytes read as 0.
+  Mp3Info tiny;
+  ReadMp3Info(dir.write("tiny.mp3", {255, 0xFB}), tiny);
+  EXPECT_EQ(tiny.BitRate, "24");
+  EXPECT_EQ(tiny.Frequency, "44100 Hz");
+  EXPECT_EQ(tiny.FileSize, "2");
+}
+
+}  // namespace
+}  // namespace yarvo

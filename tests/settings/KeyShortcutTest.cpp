@@ -1,0 +1,265 @@
+// Keyboard shortcuts: the dispatcher reads the Options boxes on every key,
+// keyboard.data fills and keeps them, and the keyboard page assigns keys.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "core/ClsMain.h"
+#include "core/DataForm.h"
+#include "core/form/RuntimeError.h"
+#include "playlist/JumpForm.h"
+#include "playlist/MediaLibrary.h"
+#include "playlist/Playlist.h"
+#include "settings/KeyShortcut.h"
+#include "settings/Options.h"
+#include "support/ProgramFixture.h"
+#include "windows/Main.h"
+
+namespace yarvo {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+constexpr int kVolumeUp = 8;
+constexpr int kVolumeDown = 9;
+
+std::string Lines(const Strings& rows) {
+  std::string bytes;
+  for (const auto& row : rows) bytes += row + "\r\n";
+  return bytes;
+}
+
+class Shortcuts : public test::ProgramFixture {
+ protected:
+  void SetUp() override { Start(); }
+
+  void Bind(int action, int code) { P().Options().AsciBox(action).Text = std::to_string(code); }
+
+  void Press(int code) {
+    int key = code;
+    HandleShortcutKey(key);
+    EXPECT_EQ(key, code) << "the dispatcher leaves the key code alone";
+  }
+
+  // One playlist row, an mp3 the audio library can open, under both cursors.
+  void OneSong() {
+    bass.AddFile("/m/a.mp3", 60);
+    P().Playlist().PicList.AddItem("a");
+    P().DataForm().ListaCale.AddItem("/m/a.mp3");
+    P().Playlist().PicList.Selected(0);
+    P().DataForm().ListaCale.Selected(0);
+  }
+
+  int Volume() { return P().Main().Volum.Value; }
+  void SetVolume(int value) { P().Main().Volum.Value = value; }
+
+  std::string KeyboardFile() { return folder / "Data/keyboard.data"; }
+
+  Strings Boxes() {
+    Strings texts;
+    for (int i = 0; i < 10; ++i) texts.push_back(P().Options().AsciBox(i).Text);
+    for (int i = 0; i < 10; ++i) texts.push_back(P().Options().AsciText(i).Text);
+    return texts;
+  }
+};
+
+TEST_F(Shortcuts, AllActionsOnOneKeyRunInIndexOrder) {
+  // Up then down from 95: 100 (the limit), then 90. Down first would end at
+  // 95, and stopping after the first match at 100.
+  SetVolume(95);
+  Bind(kVolumeUp, 65);
+  Bind(kVolumeDown, 65);
+  Press(65);
+  EXPECT_EQ(Volume(), 90);
+}
+
+TEST_F(Shortcuts, AKeyBoundToPlayAndStopPlaysThenStops) {
+  OneSong();
+  Bind(1, 80);
+  Bind(3, 80);
+  Press(80);
+  EXPECT_EQ(P().MediaLibrary().Song(0).Caption.get(), "a") << "the play was counted";
+  EXPECT_EQ(bass.PlayingFile(), "") << "and then stopped";
+}
+
+TEST_F(Shortcuts, JumpKeyShowsTheSearchWindow) {
+  Bind(0, 74);
+  Press(75);
+  EXPECT_FALSE(P().JumpForm().Visible.get()) << "another key";
+  Press(74);
+  EXPECT_TRUE(P().JumpForm().Visible.get());
+}
+
+TEST_F(Shortcuts, FullScreenBlocksMinimizeAndCloseButNotTheVolume) {
+  Bind(6, 77);
+  Bind(7, 81);
+  Bind(kVolumeUp, 38);
+  for (const char* state : {"True", "", "false"}) {
+    SCOPED_TRACE(state);
+    P().DataForm().FullScreenStat = state;
+    P().Playlist().Show();
+    SetVolume(50);
+    Press(77);
+    EXPECT_EQ(P().Main().WindowState.get(), WindowState::Normal);
+    EXPECT_TRUE(P().Playlist().Visible.get());
+    EXPECT_NO_THROW(Press(81)) << "close does not end the program";
+    Press(38);
+    EXPECT_EQ(Volume(), 60);
+  }
+}
+
+TEST_F(Shortcuts, MinimizeHidesThePlaylistAndRecordsWhetherItShowed) {
+  Bind(6, 77);
+  P().Main().Titlu.Caption = "   Some song";
+  struct Case {
+    bool playlistShows;
+    int showTitle;
+    const char* playlistOn;
+    const char* caption;
+  };
+  for (const Case& c :
+       {Case{true, 0, "1", "Yarvo Player        "}, Case{false, 1, "0", "   Some song"}}) {
+    SCOPED_TRACE(c.caption);
+    P().Main().WindowState = WindowState::Normal;
+    P().Playlist().Visible = c.playlistShows;
+    P().Options().Check1.Value = c.showTitle;
+    Press(77);
+    EXPECT_EQ(P().Main().WindowState.get(), WindowState::Minimized);
+    EXPECT_EQ(P().DataForm().PlaylistON.get(), c.playlistOn);
+    EXPECT_EQ(P().Main().Caption.get(), c.caption);
+    EXPECT_FALSE(P().Playlist().Visible.get());
+  }
+}
+
+TEST_F(Shortcuts, CloseKeyEndsTheProgramOutsideFullScreen) {
+  Bind(7, 81);
+  int key = 81;
+  EXPECT_THROW(HandleShortcutKey(key), ProcessEnd);
+}
+
+TEST_F(Shortcuts, VolumeKeysStopAtTheEndsOfTheScale) {
+  struct Case {
+    int start;
+    int action;
+    int expected;
+  };
+  OneSong();
+  ClsMain().Play();
+  ASSERT_EQ(bass.PlayingFile(), "/m/a.mp3");
+  Bind(kVolumeUp, 38);
+  Bind(kVolumeDown, 40);
+  for (const Case& c :
+       {Case{50, kVolumeUp, 60}, Case{95, kVolumeUp, 100}, Case{100, kVolumeUp, 100},
+        Case{50, kVolumeDown, 40}, Case{5, kVolumeDown, 0}, Case{0, kVolumeDown, 0}}) {
+    SCOPED_TRACE(std::to_string(c.start) + (c.action == kVolumeUp ? " up" : " down"));
+    SetVolume(c.start);
+    bass.volume = 12345;
+    Press(c.action == kVolumeUp ? 38 : 40);
+    EXPECT_EQ(Volume(), c.expected);
+    EXPECT_EQ(bass.volume, static_cast<unsigned>(c.expected * 100)) << "the audio engine is told";
+  }
+}
+
+TEST_F(Shortcuts, AMissingFileLeavesEveryBoxAtZeroAndNoKeyFires) {
+  LoadKeyboardData();
+  EXPECT_EQ(Boxes(), Strings(20, "0"));
+  SetVolume(50);
+  for (int key : {74, 13, 32, 83, 39, 37, 77, 81, 38, 40}) Press(key);
+  EXPECT_EQ(Volume(), 50);
+  EXPECT_FALSE(P().JumpForm().Visible.get());
+  EXPECT_EQ(P().Main().WindowState.get(), WindowState::Normal);
+}
+
+TEST_F(Shortcuts, AShortFileFillsWhatItHas) {
+  struct Case {
+    const char* name;
+    Strings lines;
+    Strings boxes;
+  };
+  const auto zeroFilled = [](Strings rows) {
+    rows.resize(20, "0");
+    return rows;
+  };
+  const Strings twelve{"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "a", "b"};
+  const Strings five{"74", "13", "32", "83", "39"};
+  const std::vector<Case> cases = {
+      {"five codes", five, zeroFilled(five)},
+      {"codes and two texts", twelve, zeroFilled(twelve)},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    for (int i = 0; i < 10; ++i) {
+      P().Options().AsciBox(i).Text = "0";
+      P().Options().AsciText(i).Text = "0";
+    }
+    test::WriteBytes(KeyboardFile(), Lines(c.lines));
+    LoadKeyboardData();
+    EXPECT_EQ(Boxes(), c.boxes);
+    EXPECT_EQ(test::Rows(P().DataForm().KeyboardSettings), c.lines) << "the list is the file";
+  }
+}
+
+TEST_F(Shortcuts, SaveWritesTheCodesThenTheTextsAndLoadReadsThemBack) {
+  Strings expected;
+  for (int i = 0; i < 10; ++i) {
+    P().Options().AsciBox(i).Text = std::to_string(100 + i);
+    expected.push_back(std::to_string(100 + i));
+  }
+  for (int i = 0; i < 10; ++i) {
+    P().Options().AsciText(i).Text = std::string(1, static_cast<char>('a' + i));
+    expected.push_back(std::string(1, static_cast<char>('a' + i)));
+  }
+  SaveKeyboardData();
+  EXPECT_EQ(test::ReadBytes(KeyboardFile()), Lines(expected));
+  for (int i = 0; i < 10; ++i) P().Options().AsciBox(i).Text = "0";
+  LoadKeyboardData();
+  EXPECT_EQ(Boxes(), expected);
+}
+
+TEST_F(Shortcuts, TheShippedFileBindsTheUsualKeys) {
+  test::WriteBytes(KeyboardFile(), test::ReadBytes(YARVO_SHIPPED_DATA "/Data/keyboard.data"));
+  LoadKeyboardData();
+  EXPECT_EQ(Boxes(),
+            (Strings{"74", "13",    "32",    "83", "39",    "37",   "77", "81", "38", "40",
+                     "J",  "Enter", "Space", "S",  "Right", "Left", "M",  "Q",  "Up", "Down"}));
+  SetVolume(50);
+  Press(38);
+  EXPECT_EQ(Volume(), 60) << "Up is louder";
+}
+
+struct Assignment {
+  const char* name;
+  const char* typed;  // the box's text at key-up
+  int key;
+  const char* shown;
+};
+
+TEST_F(Shortcuts, AssigningAKeyKeepsItsCharacterAndStoresItsCode) {
+  BindShortcutBoxes(P().Options());
+  auto& box = P().Options().AsciBox(kVolumeUp);
+  for (const Assignment& c : {Assignment{"a letter typed in front of the old code", "k38", 75, "k"},
+                              Assignment{"a key that types nothing", "38", 39, "3"},
+                              Assignment{"a character of two bytes",
+                                         "\xC3\xA9"
+                                         "40",
+                                         50, "\xC3\xA9"},
+                              Assignment{"an empty box", "", 13, ""}}) {
+    SCOPED_TRACE(c.name);
+    box.SelStart = 4;
+    box.Click();
+    EXPECT_EQ(box.SelStart.get(), 0) << "the caret goes to the start";
+    box.Text = c.typed;
+    int key = c.key;
+    box.KeyUp(key, 0);
+    EXPECT_EQ(P().Options().AsciText(kVolumeUp).Text.get(), c.shown);
+    EXPECT_EQ(box.Text.get(), std::to_string(c.key));
+    SetVolume(50);
+    Press(c.key);
+    EXPECT_EQ(Volume(), 60) << "the new key works at once";
+  }
+}
+
+}  // namespace
+}  // namespace yarvo
