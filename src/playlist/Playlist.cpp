@@ -4,7 +4,9 @@
 #include "core/DataForm.h"
 #include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "playlist/ClsPl.h"
 #include "playlist/Id3Module.h"
+#include "settings/KeyShortcut.h"
 #include "windows/Main.h"
 
 namespace yarvo {
@@ -21,6 +23,15 @@ Playlist::Playlist() : Form("Playlist") {
   ScrollTimer.Tick = [this] { Playlist_ScrollTimer_Timer(); };
   PicList.Click = [this] { Playlist_PicList_Click(); };
   PicList.DblClick = [this] { Playlist_PicList_DblClick(); };
+  // The list is the window's one control that takes keys: the host hands
+  // the window's keys to it.
+  KeyDown = [this](int& keyCode, int shift) {
+    if (PicList.KeyDown) PicList.KeyDown(keyCode, shift);
+  };
+  PicList.KeyDown = [](int& keyCode, int) {
+    HandleShortcutKey(keyCode);
+    if (keyCode == 46) StergeFisier();  // Delete
+  };
 }
 
 void Playlist::Playlist_ScrollTimer_Timer() {

@@ -93,7 +93,7 @@ std::size_t FirstCharacterLength(const std::string& text) {
 
 void HandleShortcutKey(int& KeyCode) {
   auto& options = program().Options();
-  for (int i = kActions - 1; i >= 0; --i) {
+  for (int i = 0; i < kActions; ++i) {
     ResumeNext([&] {
       if (CDbl(options.AsciBox(i).Text.get()) == KeyCode)
         kActionTable[static_cast<std::size_t>(i)]();

@@ -5,6 +5,7 @@
 #include "core/form/RuntimeError.h"
 #include "playlist/ClsPl.h"
 #include "playlist/Playlist.h"
+#include "settings/KeyShortcut.h"
 
 namespace yarvo {
 
@@ -56,6 +57,7 @@ Options::Options() : Form("Options") {
     ResumeNext([this] { program().Playlist().PicList.FontSize = 8 + PlaylistFontSize.ListIndex(); });
   };
   Check3.Click = [this] { program().Playlist().PicList.FontBold = Check3.Value == 1; };
+  BindShortcutBoxes(*this);
 }
 
 }  // namespace yarvo

@@ -9,6 +9,8 @@
 #include "platform/ProcessControl.h"
 #include "engines/media/MCore.h"
 #include "windows/MiniForm.h"
+#include "engines/frmBass.h"
+#include "settings/KeyShortcut.h"
 
 namespace yarvo {
 
@@ -41,6 +43,8 @@ Main::Main() : Form("Main") {
   LabelVideo.Move(2985, 30, 1815, 195);
   FrameVideo(0).Move(120, 4080, 5175, 3045);
   FrameVideo(0).Visible = false;
+  FrameVideo(0).NativeSurface = true;
+  FrameVideo(0).BackColor = 0x000000;
   SliderMoveMultimedia(0).Move(120, 3480, 3135, 255);
   Volum.Move(3480, 3480, 1395, 255);
 
@@ -50,6 +54,10 @@ Main::Main() : Form("Main") {
   ScrollTextTimer.Tick = [this] { Main_ScrollTextTimer_Timer(); };
   LbActualCx(0).Change = [this] { Main_LbActualCx_Change(); };
   Resize = [this] { Main_Form_Resize(); };
+  KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };
+  KeyFocus.KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };
+  Volum.Change = [this] { VolumChange(); };
+  Volum.Scroll = [this] { VolumChange(); };
   Load = [this] { Main_Form_Load(); };
   QueryUnload = [this] { Main_Form_QueryUnload(); };
   Unload = [this] { Main_Form_Unload(); };
@@ -97,6 +105,18 @@ void Main::RepairMediaDrivers() {
       if (MciReadDriver(key) != driver) MciWriteDriver(key, driver);
     });
   }
+}
+
+// The volume goes to the engine that owns the current file.
+void Main::VolumChange() {
+  auto& p = program();
+  ResumeNext([&] {
+    if (p.frmBass().BassON == "True") {
+      p.frmBass().VolumBass();
+    } else {
+      ClsMain().ChangeVolume();
+    }
+  });
 }
 
 void Main::Main_Form_QueryUnload() {

@@ -92,6 +92,7 @@ class Main : public Form {
 
   void Main_Form_Load();
   void RepairMediaDrivers();
+  void VolumChange();
   void Main_Form_QueryUnload();
   void Main_Form_Unload();
 };

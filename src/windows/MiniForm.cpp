@@ -3,6 +3,7 @@
 #include "core/Program.h"
 #include "core/form/RuntimeError.h"
 #include "windows/Main.h"
+#include "settings/KeyShortcut.h"
 
 namespace yarvo {
 
@@ -19,6 +20,10 @@ MiniForm::MiniForm() : Form("MiniForm") {
   SliderMoveMultimedia(0).Move(1920, 1080, 3015, 255);
   KeyFocus.Visible = false;
   Load = [this] { MiniForm_Form_Load(); };
+  KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };
+  Volum.Change = [this] {
+    program().Main().Volum.Value = Volum.Value.get();  // the main window's slider drives the engine
+  };
   Timer1.Tick = [this] { MiniForm_Timer1_Timer(); };
 }
 

@@ -14,8 +14,9 @@ class PictureBox : public Control {
 
   Property<yarvo::Picture> Picture;
   StringField Caption;  // frames and buttons carry one
-  // The native window that shows this control, for the media service to
-  // draw video into; set by the host, 0 while it has none.
+  // A control that the media service draws video into asks the host for a
+  // native window of its own; hWnd names it (0 while it has none).
+  bool NativeSurface = false;
   std::uintptr_t hWnd = 0;
 };
 

@@ -21,6 +21,12 @@ namespace yarvo::audio {
 class BassLibrary {
 public:
   static BassLibrary& instance();
+  // A program that ends without BASS_Free still stops the output before the
+  // channels it plays go away.
+  ~BassLibrary() { free(); }
+  BassLibrary() = default;
+  BassLibrary(const BassLibrary&) = delete;
+  BassLibrary& operator=(const BassLibrary&) = delete;
 
   bool init(int device, DWORD freq);
   bool free();
@@ -41,14 +47,16 @@ public:
 private:
   DWORD adopt(std::unique_ptr<Channel> channel);
 
-  std::unique_ptr<AudioOutput> output_;
-  std::unique_ptr<Mixer> mixer_;
+  // Declared so that destruction runs output, mixer, channels: nothing is
+  // destroyed while something that reads it may still run.
   std::unordered_map<DWORD, std::unique_ptr<Channel>> channels_;
   struct EffectEntry {
     DWORD channel;
     Effect* effect;
   };
   std::unordered_map<DWORD, EffectEntry> effects_;
+  std::unique_ptr<Mixer> mixer_;
+  std::unique_ptr<AudioOutput> output_;
   DWORD nextHandle_ = 1;
   float volume_ = 1.0f;
   std::unique_ptr<Spectrum> spectrum_;

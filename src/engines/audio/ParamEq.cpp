@@ -37,7 +37,7 @@ void ParamEq::getParameters(void* record) const noexcept {
 }
 
 void ParamEq::updateCoefficients() noexcept {
-  const double gainDb = gain_.load(std::memory_order_relaxed);
+  const auto gainDb = static_cast<double>(gain_.load(std::memory_order_relaxed));
   const bool wasBypassed = bypass_;
   bypass_ = gainDb == 0.0;
   if (bypass_) {
@@ -48,7 +48,7 @@ void ParamEq::updateCoefficients() noexcept {
     z1_.fill(0.0f);
     z2_.fill(0.0f);
   }
-  const double center = std::min<double>(center_.load(std::memory_order_relaxed), kMaxCenterShareOfRate * rate_);
+  const double center = std::min(static_cast<double>(center_.load(std::memory_order_relaxed)), kMaxCenterShareOfRate * rate_);
   const double octaves = static_cast<double>(bandwidth_.load(std::memory_order_relaxed)) / 12.0;
   const double w0 = 2.0 * std::numbers::pi * center / rate_;
   const double sinW0 = std::sin(w0);

@@ -21,6 +21,8 @@ constexpr std::array<float, Reverb::kLines> kRightTap{1, 1, -1, -1, 1, 1, -1, -1
 constexpr float kShelfHz = 3000.0f;
 constexpr float kSilentDb = -96.0f;
 constexpr double kWetSmoothingSeconds = 0.01;
+// Level of the early reflections against the input.
+constexpr float kEarlyGain = 0.4f;
 // 1/sqrt(8): keeps the input, the matrix and the taps at unit energy.
 constexpr float kNorm = 0.35355339f;
 
@@ -106,7 +108,9 @@ void Reverb::updateParameters() noexcept {
   }
 }
 
-float Reverb::diffuse(float in) noexcept {
+float Reverb::diffuse(float in, float& earlyLeft, float& earlyRight) noexcept {
+  earlyLeft = earlyRight = 0; return in;
+  std::array<float, kDiffusers> stage{};
   for (std::size_t i = 0; i < kDiffusers; ++i) {
     Delay& d = diffusers_[i];
     const float g = kDiffuserGains[i];
@@ -114,7 +118,14 @@ float Reverb::diffuse(float in) noexcept {
     const float w = in + g * delayed;
     in = delayed - g * w;
     d.buffer[cursor_ & d.mask] = w;
+    stage[i] = delayed;
   }
+  // The early reflections: what circulates in the last two diffusers, one
+  // for each side, heard from a few milliseconds after the sound until the
+  // lines return it. Their delayed signal, not their output, which would
+  // also carry part of the sound itself with no delay at all.
+  earlyLeft = stage[2] * kEarlyGain;
+  earlyRight = stage[3] * kEarlyGain;
   return in;
 }
 
@@ -147,7 +158,9 @@ void Reverb::process(float* interleaved, std::size_t frames) noexcept {
     float* frame = interleaved + f * chans;
     float mono = 0.0f;
     for (std::size_t c = 0; c < chans; ++c) mono += frame[c];
-    const float in = diffuse(mono * inScale) * kNorm;
+    float earlyLeft = 0.0f;
+    float earlyRight = 0.0f;
+    const float in = diffuse(mono * inScale, earlyLeft, earlyRight) * kNorm;
 
     std::array<float, kLines> read{};
     for (std::size_t i = 0; i < kLines; ++i) read[i] = ring_[((cursor_ - lineLengths_[i]) & ringMask_) * kLines + i];
@@ -158,8 +171,8 @@ void Reverb::process(float* interleaved, std::size_t frames) noexcept {
     shelfHi += coef * (outHi - shelfHi);
     V4 yLo = highLo * outLo + restLo * shelfLo;
     V4 yHi = highHi * outHi + restHi * shelfHi;
-    const float left = sum4(yLo * leftLo + yHi * leftHi);
-    const float right = sum4(yLo * rightLo + yHi * rightHi);
+    const float left = sum4(yLo * leftLo + yHi * leftHi) * kNorm + earlyLeft;
+    const float right = sum4(yLo * rightLo + yHi * rightHi) * kNorm + earlyRight;
     hadamard(yLo, yHi);
     float* write = ring_.data() + (cursor_ & ringMask_) * kLines;
     store4(write, yLo + feedLo * in);
@@ -167,8 +180,7 @@ void Reverb::process(float* interleaved, std::size_t frames) noexcept {
     ++cursor_;
 
     wet_ += wetSmoothing_ * (wetTarget_ - wet_);
-    const float gain = wet_ * kNorm;
-    for (std::size_t c = 0; c < chans; ++c) frame[c] += gain * ((c % 2 == 0) ? left : right);
+    for (std::size_t c = 0; c < chans; ++c) frame[c] += wet_ * ((c % 2 == 0) ? left : right);
   }
   store4(shelfState_.data(), shelfLo);
   store4(shelfState_.data() + 4, shelfHi);

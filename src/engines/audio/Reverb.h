@@ -1,9 +1,10 @@
 #pragma once
-// A room reverb: four Schroeder all-pass diffusers in series, then an
-// eight-line feedback delay network mixed by a Hadamard matrix (energy
+// A room reverb: four Schroeder all-pass diffusers in series, whose ringing
+// is also heard as the early reflections, then an eight-line feedback delay
+// network mixed by a Hadamard matrix (energy
 // preserving, so the decay is set by the line gains alone). Each line's gain
 // gives its recirculation the requested 60 dB decay time; a first-order shelf
-// in each loop lets the highs above about 3 kHz decay in fReverbHighFreqRTRatio
+// in each loop lets the highs above about 3 kHz decay in fHighFreqRTRatio
 // of that time, which is what makes a room sound dark rather than metallic.
 // Left and right take the lines with two orthogonal sign patterns, so the tail
 // is wide and decorrelated.
@@ -43,7 +44,7 @@ private:
   };
 
   void updateParameters() noexcept;
-  float diffuse(float in) noexcept;
+  float diffuse(float in, float& earlyLeft, float& earlyRight) noexcept;
 
   int rate_;
   int channels_;

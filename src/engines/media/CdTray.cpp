@@ -9,7 +9,7 @@
 
 namespace yarvo {
 
-void moveCdTray(bool open)
+void moveCdTray(bool openTray)
 {
     for (const char* device : {"/dev/cdrom", "/dev/sr0"}) {
         // O_NONBLOCK opens the drive even with no disc in it.
@@ -17,7 +17,7 @@ void moveCdTray(bool open)
         if (fd < 0) {
             continue;
         }
-        ::ioctl(fd, open ? CDROMEJECT : CDROMCLOSETRAY, 0);
+        ::ioctl(fd, openTray ? CDROMEJECT : CDROMCLOSETRAY, 0);
         ::close(fd);
         return;
     }

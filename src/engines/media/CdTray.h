@@ -2,9 +2,9 @@
 
 namespace yarvo {
 
-// Opens or closes the tray of the machine's CD drive (/dev/cdrom, else
+// Opens (true) or closes the tray of the machine's CD drive (/dev/cdrom, else
 // /dev/sr0). Does nothing, and reports nothing, where there is no drive or
 // the drive refuses.
-void moveCdTray(bool open);
+void moveCdTray(bool openTray);
 
 }  // namespace yarvo

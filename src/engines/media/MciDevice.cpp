@@ -2,12 +2,12 @@
 
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
 #include "engines/media/MpvNames.h"
 #include "engines/media/MpvPlayer.h"
+#include "engines/media/X11Window.h"
 
 namespace yarvo {
 namespace {
@@ -17,12 +17,6 @@ constexpr double kFallbackFramesPerSecond = 25.0;
 constexpr double kNormalSpeed = 1000.0;  // "status ... speed" of a media at its own pace
 constexpr double kFullVolume = 1000.0;   // "setaudio ... volume to" at full strength
 constexpr double kVolumeScale = 10.0;    // our 0..1000 against mpv's 0..100
-
-bool displayAvailable()
-{
-    const char* display = std::getenv("DISPLAY");
-    return display != nullptr && *display != '\0';
-}
 
 bool isMissingFile(const std::string& path)
 {
@@ -72,7 +66,7 @@ MciError MciDevice::open(const std::string& path, std::uint64_t parent,
     }
     MpvPlayerSettings settings;
     settings.audioOutput = options.audioOutput;
-    if (options.drawPictures && parent != 0 && displayAvailable()) {
+    if (options.drawPictures && isLiveX11Window(parent)) {
         settings.window = static_cast<std::int64_t>(parent);
         settings.videoOutput = mpvname::kEmbeddedVideoOutputs;
     } else {

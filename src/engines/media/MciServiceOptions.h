@@ -13,8 +13,9 @@ struct MciServiceOptions {
     std::string audioOutput;
 
     // False never draws a picture, as on a machine without a display. When
-    // true, a picture is drawn only if an open names a parent window and an
-    // X11 display is there (DISPLAY set).
+    // true, a picture is drawn only if an open names a parent window that
+    // exists on the X11 display named by DISPLAY; otherwise the media plays
+    // with its picture going nowhere.
     bool drawPictures = true;
 
     // Longest wait for a file to load, for its first picture and for a seek

@@ -18,6 +18,11 @@ inline constexpr const char* kOsc = "osc";
 inline constexpr const char* kTerminal = "terminal";
 inline constexpr const char* kConfig = "config";
 inline constexpr const char* kResumePlayback = "resume-playback";
+inline constexpr const char* kLoadScripts = "load-scripts";
+inline constexpr const char* kYtdl = "ytdl";
+inline constexpr const char* kLoadStatsOverlay = "load-stats-overlay";
+inline constexpr const char* kLoadOsdConsole = "load-osd-console";
+inline constexpr const char* kLoadAutoProfiles = "load-auto-profiles";
 
 // Properties.
 inline constexpr const char* kDuration = "duration";

@@ -65,6 +65,10 @@ bool setOptions(mpv_handle* handle, const MpvPlayerSettings& settings)
         {kInputDefaultBindings, kNo}, {kInputVoKeyboard, kNo}, {kInputCursor, kNo},
         {kOsc, kNo},             {kTerminal, kNo},       {kConfig, kNo},
         {kResumePlayback, kNo},  {kAudioFallbackToNull, kYes},
+        // No scripts: the player is driven by commands alone, and a web
+        // address must not start a downloader.
+        {kLoadScripts, kNo},     {kYtdl, kNo},           {kLoadStatsOverlay, kNo},
+        {kLoadOsdConsole, kNo},  {kLoadAutoProfiles, kNo},
     };
     for (const auto& [name, value] : fixed) {
         if (mpv_set_option_string(handle, name, value) < 0) {
@@ -94,8 +98,9 @@ MpvPlayer::~MpvPlayer() = default;
 std::unique_ptr<MpvPlayer> MpvPlayer::create(const MpvPlayerSettings& settings)
 {
     // libmpv parses and prints numbers with the C library and refuses to
-    // start under a locale whose decimal point is not '.'. The program has no
-    // use for localised numbers, so the process keeps "C" from here on.
+    // start unless LC_NUMERIC is exactly "C" (even "C.UTF-8" is refused). The
+    // program has no use for localised numbers, so the process keeps "C"
+    // from here on.
     std::setlocale(LC_NUMERIC, "C");
     mpv_handle* raw = mpv_create();
     if (raw == nullptr) {

@@ -8,6 +8,7 @@
 #include <ranges>
 
 #include "core/form/Form.h"
+#include "core/form/PictureBox.h"
 #include "platform/qt/ControlPainter.h"
 #include "platform/qt/QtEvents.h"
 #include "platform/qt/VirtualKey.h"
@@ -55,8 +56,30 @@ void FormHost::Sync() {
   if (isVisible() != form_.Visible.get()) setVisible(form_.Visible);
   const bool minimized = form_.WindowState == WindowState::Minimized;
   if (isMinimized() != minimized) setWindowState(minimized ? Qt::WindowMinimized : Qt::WindowNoState);
+  SyncSurfaces();
   update();
   syncing_ = false;
+}
+
+void FormHost::SyncSurfaces() {
+  for (Control* control : form_.Controls()) {
+    auto* box = dynamic_cast<PictureBox*>(control);
+    if (!box || !box->NativeSurface) continue;
+    auto& surface = surfaces_[box];
+    if (!surface) {
+      surface = std::make_unique<QWidget>(this);
+      surface->setAttribute(Qt::WA_NativeWindow);
+      surface->setAttribute(Qt::WA_DontCreateNativeAncestors);
+      surface->setAutoFillBackground(true);
+      QPalette black = surface->palette();
+      black.setColor(QPalette::Window, Qt::black);
+      surface->setPalette(black);
+      box->hWnd = static_cast<std::uintptr_t>(surface->winId());
+    }
+    surface->setGeometry(box->Left / kTwipsPerPixel, box->Top / kTwipsPerPixel, box->Width / kTwipsPerPixel,
+                         box->Height / kTwipsPerPixel);
+    surface->setVisible(box->Visible);
+  }
 }
 
 void FormHost::paintEvent(QPaintEvent*) {

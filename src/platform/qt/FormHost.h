@@ -6,10 +6,14 @@
 
 #include <QWidget>
 
+#include <memory>
+#include <unordered_map>
+
 namespace yarvo {
 
 class Form;
 class Control;
+class PictureBox;
 
 inline constexpr int kTwipsPerPixel = 15;
 
@@ -33,6 +37,10 @@ class FormHost final : public QWidget {
 
  private:
   Control* ControlAt(const QPoint& pixel) const;
+  // Native child windows for the controls that show video.
+  void SyncSurfaces();
+
+  std::unordered_map<PictureBox*, std::unique_ptr<QWidget>> surfaces_;
 
   Form& form_;
   bool syncing_ = false;

@@ -14,6 +14,8 @@
 #include "platform/PosixProcess.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/QtTimerScheduler.h"
+#include "platform/qt/QtWindowGeometry.h"
+#include "engines/media/MCore.h"
 #include "platform/qt/WindowHosts.h"
 #include "windows/Main.h"
 
@@ -22,8 +24,23 @@ namespace {
 // With no display the player still runs, on Qt's offscreen platform.
 void ChooseOffscreenWithoutDisplay() {
   const bool display = std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY");
-  if (!display) setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  if (!display) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  } else if (std::getenv("DISPLAY")) {
+    // Video is drawn into X11 windows of ours: under Wayland, run through
+    // its X11 server when there is one.
+    setenv("QT_QPA_PLATFORM", "xcb", 0);
+  }
 }
+
+// The media service asks our windows for their size while the program runs.
+class GeometryInUse {
+ public:
+  explicit GeometryInUse(const yarvo::WindowGeometry& geometry) { yarvo::setMciWindowGeometry(&geometry); }
+  ~GeometryInUse() { yarvo::setMciWindowGeometry(nullptr); }
+  GeometryInUse(const GeometryInUse&) = delete;
+  GeometryInUse& operator=(const GeometryInUse&) = delete;
+};
 
 }  // namespace
 
@@ -42,6 +59,8 @@ int main(int argc, char** argv) {
   yarvo::QtDesktop desktop;
   yarvo::ClockRandom random;
   yarvo::Program program({scheduler, desktop, process, yarvo::LibraryBass(), random});
+  yarvo::QtWindowGeometry geometry;
+  const GeometryInUse geometryInUse(geometry);
   yarvo::WindowHosts hosts(program);
   try {
     yarvo::RunEvent([&] { program.Main(); });

@@ -4,7 +4,10 @@
 #include "BassFixture.h"
 
 #include <cmath>
+#include <chrono>
+#include <cstdlib>
 #include <random>
+#include <thread>
 
 namespace yarvo::audio::test {
 namespace {
@@ -251,6 +254,31 @@ TEST_F(ChannelLifecycleTest, StreamVolumeScalesTheOutputLinearly) {
   EXPECT_FALSE(BASS_SetConfig(99, 1));
   // The volume is global and outlives the library's initialisation.
   ASSERT_TRUE(BASS_SetConfig(BASS_CONFIG_GVOL_STREAM, 10000));
+}
+
+}  // namespace
+}  // namespace yarvo::audio::test
+
+namespace yarvo::audio::test {
+namespace {
+
+// A program may end while a song plays, without BASS_Free: the output must
+// stop before the channels it reads from are destroyed.
+TEST(LibraryExitTest, EndingWhilePlayingExitsCleanly) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  TempDir dir;
+  const auto path = dir.file("tone.wav");
+  writeWav(path, sine(1000.0, 0.25, 2.0));
+  EXPECT_EXIT(
+      {
+        BASS_Init(0, 44100, 0, nullptr, nullptr);
+        const HSTREAM stream = BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX);
+        BASS_ChannelSetFX(stream, BASS_FX_DX8_REVERB, 0);
+        BASS_ChannelPlay(stream, BASS_FALSE);
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        std::exit(BASS_ChannelIsActive(stream) == BASS_ACTIVE_PLAYING ? 0 : 1);
+      },
+      ::testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "BassFixture.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -151,6 +152,26 @@ TEST_F(EffectsTest, ReverbMixDecidesWhetherAClickLeavesATail) {
   // The click itself passes dry in both.
   EXPECT_NEAR(peak(dry, clickFrame, 1), 0.5, 1e-6);
   EXPECT_GE(peak(wet, clickFrame, 1), 0.49);
+}
+
+// A room, not a comb: after a click the tail fills every 5 ms window from
+// 20 ms to 300 ms, with no silent gaps between separate echoes.
+TEST_F(EffectsTest, ReverbTailIsDenseNotASeriesOfEchoes) {
+  constexpr std::size_t kClick = 4410;
+  constexpr std::size_t kWindow = 44100 / 200;
+  const auto out = playThrough(click(0.1, 0.5, 1.0), [](HSTREAM s) {
+    const HFX fx = BASS_ChannelSetFX(s, BASS_FX_DX8_REVERB, 0);
+    const BASS_DX8_REVERB p{0.0f, 0.0f, 1500.0f, 0.5f};
+    EXPECT_TRUE(BASS_FXSetParameters(fx, &p));
+  });
+  double quietest = 1.0;
+  double loudest = 0.0;
+  for (std::size_t at = kClick + 4 * kWindow; at < kClick + 60 * kWindow; at += kWindow) {
+    quietest = std::min(quietest, rms(out, at, kWindow));
+    loudest = std::max(loudest, rms(out, at, kWindow));
+  }
+  EXPECT_GT(loudest, 0.0);
+  EXPECT_GT(quietest, loudest * 0.03) << "quietest window " << quietest << ", loudest " << loudest;
 }
 
 // A longer reverb time leaves more of the tail a second after the click.

@@ -113,7 +113,7 @@ double toneAmplitude(const std::vector<float>& stereo, int channel, double hz, i
   std::complex<double> sum;
   const double step = 2.0 * std::numbers::pi * hz / rate;
   for (std::size_t n = 0; n < count; ++n) {
-    const double x = stereo.at(2 * (from + n) + static_cast<std::size_t>(channel));
+    const auto x = static_cast<double>(stereo.at(2 * (from + n) + static_cast<std::size_t>(channel)));
     sum += x * std::polar(1.0, -step * static_cast<double>(n));
   }
   return 2.0 * std::abs(sum) / static_cast<double>(count);
@@ -121,14 +121,14 @@ double toneAmplitude(const std::vector<float>& stereo, int channel, double hz, i
 
 double rms(const std::vector<float>& stereo, std::size_t fromFrame, std::size_t frames) {
   double sum = 0.0;
-  for (std::size_t i = 2 * fromFrame; i < 2 * (fromFrame + frames); ++i) sum += double{stereo.at(i)} * double{stereo.at(i)};
+  for (std::size_t i = 2 * fromFrame; i < 2 * (fromFrame + frames); ++i) sum += static_cast<double>(stereo.at(i)) * static_cast<double>(stereo.at(i));
   return std::sqrt(sum / (2.0 * static_cast<double>(frames)));
 }
 
 double peak(const std::vector<float>& stereo, std::size_t fromFrame, std::size_t frames) {
   double result = 0.0;
   for (std::size_t i = 2 * fromFrame; i < 2 * (fromFrame + frames); ++i)
-    result = std::max(result, std::fabs(double{stereo.at(i)}));
+    result = std::max(result, std::fabs(static_cast<double>(stereo.at(i))));
   return result;
 }
 

@@ -10,6 +10,7 @@
 #include "X11TestWindow.h"
 #include "engines/media/MCore.h"
 #include "engines/media/MciSendString.h"
+#include "engines/media/X11Window.h"
 
 namespace yarvo {
 namespace {
@@ -56,6 +57,18 @@ TEST_F(MCoreWindow, PictureIsDrawnIntoTheParentWindow)
         lit = window_->litPixels();
     }
     EXPECT_GE(lit, 100);
+}
+
+TEST_F(MCoreWindow, WindowThatDoesNotExistGetsNoPicture)
+{
+    // Given to a graphics driver, a stale id crashes the process.
+    EXPECT_FALSE(isLiveX11Window(0x7fff1234));
+    EXPECT_TRUE(isLiveX11Window(window_->id()));
+    ASSERT_EQ(MciOpen(0x7fff1234, "movie", test::MediaFiles::get().video().string(), "MPEGVideo"),
+              "Success");
+    EXPECT_EQ(MciWhereDestination("movie", "cx"), 320);
+    ASSERT_EQ(MciPlay("movie", "90", ""), "Success");
+    EXPECT_EQ(MciStatusMode("movie"), "playing");
 }
 
 }  // namespace
