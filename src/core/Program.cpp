@@ -1,6 +1,7 @@
 #include "core/Program.h"
 
 #include <cassert>
+#include <functional>
 
 #include "core/DataForm.h"
 #include "core/form/Events.h"
@@ -25,9 +26,10 @@ Program* current = nullptr;
 template <class F>
 class FormSlot {
  public:
-  F& Get() {
+  F& Get(const std::function<void(Form&)>& made) {
     if (!form_) {
       form_ = std::make_shared<F>();
+      if (made) made(*form_);
       // Load is part of the statement that referred to the form: its errors
       // reach that statement.
       if (form_->Load) form_->Load();
@@ -39,10 +41,11 @@ class FormSlot {
 
   // Runs the form's Unload and lets the object go once the running event
   // has ended; a later Get makes a new one.
-  void Unload() {
+  void Unload(const std::function<void(Form&)>& unloaded) {
     if (!form_) return;
     auto form = std::move(form_);
     if (form->Unload) form->Unload();
+    if (unloaded) unloaded(*form);
     Retire(std::move(form));
   }
 
@@ -95,17 +98,17 @@ std::vector<Form*> Program::LoadedForms() const {
   return loaded;
 }
 
-yarvo::DataForm& Program::DataForm() { return forms_->dataForm.Get(); }
-yarvo::Main& Program::Main() { return forms_->main.Get(); }
-yarvo::Playlist& Program::Playlist() { return forms_->playlist.Get(); }
-yarvo::FormMeniuri& Program::FormMeniuri() { return forms_->formMeniuri.Get(); }
-yarvo::Options& Program::Options() { return forms_->options.Get(); }
-yarvo::MediaLibrary& Program::MediaLibrary() { return forms_->mediaLibrary.Get(); }
-yarvo::JumpForm& Program::JumpForm() { return forms_->jumpForm.Get(); }
-yarvo::frmBass& Program::frmBass() { return forms_->frmBass.Get(); }
-void Program::UnloadfrmBass() { forms_->frmBass.Unload(); }
-yarvo::MiniForm& Program::MiniForm() { return forms_->miniForm.Get(); }
+yarvo::DataForm& Program::DataForm() { return forms_->dataForm.Get(formMade_); }
+yarvo::Main& Program::Main() { return forms_->main.Get(formMade_); }
+yarvo::Playlist& Program::Playlist() { return forms_->playlist.Get(formMade_); }
+yarvo::FormMeniuri& Program::FormMeniuri() { return forms_->formMeniuri.Get(formMade_); }
+yarvo::Options& Program::Options() { return forms_->options.Get(formMade_); }
+yarvo::MediaLibrary& Program::MediaLibrary() { return forms_->mediaLibrary.Get(formMade_); }
+yarvo::JumpForm& Program::JumpForm() { return forms_->jumpForm.Get(formMade_); }
+yarvo::frmBass& Program::frmBass() { return forms_->frmBass.Get(formMade_); }
+void Program::UnloadfrmBass() { forms_->frmBass.Unload(formUnloaded_); }
+yarvo::MiniForm& Program::MiniForm() { return forms_->miniForm.Get(formMade_); }
 yarvo::MiniForm* Program::LoadedMiniForm() { return forms_->miniForm.Loaded(); }
-void Program::UnloadMiniForm() { forms_->miniForm.Unload(); }
+void Program::UnloadMiniForm() { forms_->miniForm.Unload(formUnloaded_); }
 
 }  // namespace yarvo

@@ -6,6 +6,7 @@
 // and its Load handler runs then. One Program exists at a time; tests make a
 // fresh one per test, with recording stand-ins for the platform.
 
+#include <functional>
 #include <memory>
 #include <typeindex>
 #include <unordered_map>
@@ -63,6 +64,12 @@ class Program {
   yarvo::MiniForm* LoadedMiniForm();
   void UnloadMiniForm();
 
+  // Runs `observer` for every form made from now on, right before its Load:
+  // the host gives it a window then, so that Load already finds one.
+  void ObserveFormsMade(std::function<void(Form&)> observer) { formMade_ = std::move(observer); }
+  // Runs `observer` for every form unloaded from now on, after its Unload.
+  void ObserveFormsUnloaded(std::function<void(Form&)> observer) { formUnloaded_ = std::move(observer); }
+
   // The forms made so far, in the order they were made.
   std::vector<Form*> LoadedForms() const;
 
@@ -92,6 +99,8 @@ class Program {
   TimerScheduler::Use scheduler_;
   std::unique_ptr<Forms> forms_;
   std::unordered_map<std::type_index, std::shared_ptr<void>> state_;
+  std::function<void(Form&)> formMade_;
+  std::function<void(Form&)> formUnloaded_;
 };
 
 inline Program& program() { return Program::Current(); }

@@ -2,10 +2,6 @@
 // program folder and closed through its window's close route.
 
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
@@ -16,111 +12,22 @@
 
 #include "core/form/StringList.h"
 #include "playlist/DataClass.h"
+#include "PlayerProcess.h"
 #include "support/ProgramFixture.h"
-
-extern char** environ;
 
 namespace yarvo {
 namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
+using test::kPatience;
+using test::Player;
+using test::ProgramFolder;
 using test::ReadBytes;
+using test::Settings;
 using test::WriteBytes;
 
-constexpr auto kPatience = 60s;
-
-// The program folder is the folder of the executable: put (a link to) the
-// binary into a fresh folder.
-class ProgramFolder {
- public:
-  ProgramFolder() {
-    fs::create_directories(dir_.Path() / "Data");
-    std::error_code error;
-    fs::create_hard_link(YARVO_PLAYER_EXE, Exe(), error);
-    if (error) fs::copy_file(YARVO_PLAYER_EXE, Exe());
-  }
-  std::string Exe() const { return dir_ / "yarvo-player"; }
-  std::string operator/(const std::string& relative) const { return dir_ / relative; }
-
- private:
-  test::TempDir dir_;
-};
-
-// One run of the player with a private runtime and configuration folder,
-// no display and no sound server.
-class Player {
- public:
-  Player(const ProgramFolder& folder, const test::TempDir& home, std::vector<std::string> arguments = {}) {
-    std::vector<std::string> env;
-    for (char** e = environ; *e; ++e) {
-      const std::string entry = *e;
-      if (entry.rfind("DISPLAY=", 0) && entry.rfind("WAYLAND_DISPLAY=", 0) && entry.rfind("XDG_", 0) &&
-          entry.rfind("QT_QPA_PLATFORM=", 0) && entry.rfind("PULSE_", 0))
-        env.push_back(entry);
-    }
-    env.push_back("XDG_RUNTIME_DIR=" + home.Path().string());
-    env.push_back("XDG_CONFIG_HOME=" + (home.Path() / "config").string());
-    env.push_back("PULSE_SERVER=unix:" + (home.Path() / "no-sound-server").string());
-    env.push_back("ASAN_OPTIONS=detect_leaks=0");
-    std::vector<char*> envp;
-    for (auto& e : env) envp.push_back(e.data());
-    envp.push_back(nullptr);
-    std::vector<std::string> args{folder.Exe()};
-    args.insert(args.end(), arguments.begin(), arguments.end());
-    std::vector<char*> argv;
-    for (auto& a : args) argv.push_back(a.data());
-    argv.push_back(nullptr);
-    if (posix_spawn(&pid_, folder.Exe().c_str(), nullptr, nullptr, argv.data(), envp.data()) != 0) pid_ = -1;
-  }
-  ~Player() {
-    if (pid_ > 0 && !exited_) {
-      kill(pid_, SIGKILL);
-      waitpid(pid_, nullptr, 0);
-    }
-  }
-
-  // Asks the player to close, as a session logout does, once it listens.
-  void Close() {
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
-    while (!CatchesSigterm() && std::chrono::steady_clock::now() < deadline) std::this_thread::sleep_for(10ms);
-    kill(pid_, SIGTERM);
-  }
-
-  // The exit status; -2 when it did not end in time.
-  int Wait() {
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
-    int status = 0;
-    while (waitpid(pid_, &status, WNOHANG) == 0) {
-      if (std::chrono::steady_clock::now() > deadline) return -2;
-      std::this_thread::sleep_for(10ms);
-    }
-    exited_ = true;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -3;
-  }
-
- private:
-  bool CatchesSigterm() const {
-    std::ifstream status("/proc/" + std::to_string(pid_) + "/status");
-    for (std::string line; std::getline(status, line);) {
-      if (line.rfind("SigCgt:", 0) == 0) return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1)) & 1u;
-    }
-    return false;
-  }
-
-  pid_t pid_ = -1;
-  bool exited_ = false;
-};
-
 fs::file_time_type Written(const std::string& path) { return fs::last_write_time(path); }
-
-std::string Settings(std::initializer_list<std::pair<int, const char*>> values) {
-  std::vector<std::string> lines(72);
-  for (auto [line, text] : values) lines[static_cast<std::size_t>(line)] = text;
-  std::string bytes;
-  for (const auto& line : lines) bytes += line + "\r\n";
-  return bytes;
-}
 
 TEST(Executable, ClosedByTheWindowSystemItSavesItsStateInOrder) {
   ProgramFolder folder;

@@ -109,7 +109,6 @@ void Reverb::updateParameters() noexcept {
 }
 
 float Reverb::diffuse(float in, float& earlyLeft, float& earlyRight) noexcept {
-  earlyLeft = earlyRight = 0; return in;
   std::array<float, kDiffusers> stage{};
   for (std::size_t i = 0; i < kDiffusers; ++i) {
     Delay& d = diffusers_[i];

@@ -43,16 +43,27 @@ MouseEvent ToMouseEvent(const QMouseEvent& event, const Control* control) {
 FormHost::FormHost(Form& form) : form_(form) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
-  Sync();
+  // Made before the form's Load runs: the window exists (and its video
+  // surfaces have native windows) but shows only at the first Sync.
+  syncing_ = true;
+  SyncWindow();
+  SyncSurfaces();
+  syncing_ = false;
 }
 
-void FormHost::Sync() {
-  syncing_ = true;
+void FormHost::SyncWindow() {
   const QString title = WindowTitle(form_.Caption);
   if (windowTitle() != title) setWindowTitle(title);
   const QRect wanted(form_.Left / kTwipsPerPixel, form_.Top / kTwipsPerPixel,
                      std::max(1, form_.Width / kTwipsPerPixel), std::max(1, form_.Height / kTwipsPerPixel));
   if (geometry() != wanted) setGeometry(wanted);
+  const bool onTop = windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+  if (onTop != form_.AlwaysOnTop.get()) setWindowFlag(Qt::WindowStaysOnTopHint, form_.AlwaysOnTop);
+}
+
+void FormHost::Sync() {
+  syncing_ = true;
+  SyncWindow();
   if (isVisible() != form_.Visible.get()) setVisible(form_.Visible);
   const bool minimized = form_.WindowState == WindowState::Minimized;
   if (isMinimized() != minimized) setWindowState(minimized ? Qt::WindowMinimized : Qt::WindowNoState);

@@ -37,6 +37,7 @@ class FormHost final : public QWidget {
 
  private:
   Control* ControlAt(const QPoint& pixel) const;
+  void SyncWindow();
   // Native child windows for the controls that show video.
   void SyncSurfaces();
 

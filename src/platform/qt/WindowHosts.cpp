@@ -18,11 +18,24 @@ volatile std::sig_atomic_t terminationRequested = 0;
 void OnTermination(int) { terminationRequested = 1; }
 
 // The hidden forms that are stores, not windows.
-bool IsWindow(const Form& form) { return form.Name() != "DataForm" && form.Name() != "FormMeniuri"; }
+bool IsWindow(const Form& form) {
+  return form.Name() != "DataForm" && form.Name() != "FormMeniuri" && form.Name() != "frmBass";
+}
 
 }  // namespace
 
 WindowHosts::WindowHosts(Program& program) : program_(program) {
+  program_.ObserveFormsMade([this](Form& form) {
+    if (IsWindow(form)) hosts_[&form] = std::make_unique<FormHost>(form);
+  });
+  program_.ObserveFormsUnloaded([this](Form& form) {
+    const auto found = hosts_.find(&form);
+    if (found == hosts_.end()) return;
+    // The host may be inside its own event (a close that unloads its form).
+    found->second->hide();
+    found->second.release()->deleteLater();
+    hosts_.erase(found);
+  });
   // A short period keeps the picture in step with fast timers (the
   // visualisation draws every 25 ms) while costing nothing when idle.
   refresh_.setInterval(15);
@@ -30,7 +43,10 @@ WindowHosts::WindowHosts(Program& program) : program_(program) {
   refresh_.start();
 }
 
-WindowHosts::~WindowHosts() = default;
+WindowHosts::~WindowHosts() {
+  program_.ObserveFormsMade({});
+  program_.ObserveFormsUnloaded({});
+}
 
 void WindowHosts::CatchTermination() {
   std::signal(SIGTERM, OnTermination);

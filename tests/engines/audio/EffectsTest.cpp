@@ -17,8 +17,8 @@ constexpr float kBandwidth = 18.0f;
 
 class EffectsTest : public BassFixture {
 protected:
-  // Plays `signal` through the effects `setup` puts on the stream, and
-  // returns one second of output from 0.5 s on, when filters have settled.
+  // Plays `signal` (as a float WAV) through the effects `setup` puts on the
+  // stream, and returns the output over the signal's length.
   template <typename Setup>
   std::vector<float> playThrough(const Signal& signal, Setup setup) {
     const auto path = dir_.file("in.wav");
