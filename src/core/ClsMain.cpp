@@ -14,7 +14,9 @@
 #include "engines/media/MCore.h"
 #include "engines/media/MciSendString.h"
 #include "platform/Desktop.h"
+#include "playlist/AntiManea.h"
 #include "playlist/ClsPl.h"
+#include "playlist/Id3Module.h"
 #include "playlist/MediaLibrary.h"
 #include "playlist/Mp3InfoMod.h"
 #include "playlist/Playlist.h"
@@ -145,6 +147,8 @@ void ClsMain::PlayWithMci() {
     const double seconds = length.empty() ? CDbl(library.LbTotalTime(0).Caption.get()) : Val(length);
     main.TotalTime.Caption = MinutesSeconds2(static_cast<long>(seconds));
   });
+  ResumeNext([&] { ShowId3Tag(file); });
+  ResumeNext([&] { CheckManea(main.LbFileName(0).Caption); });
 }
 
 // The window takes the video's layout when the file has a picture; an audio

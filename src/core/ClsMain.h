@@ -56,6 +56,8 @@ class ClsMain {
   // Each path component as the file system holds it; "" when it does not exist.
   static std::string ExpandLongPath(const std::string& path);
   void LoadPlaylist();
+  void LoadTagCodePage();
+  void SaveTagCodePage();
   void PlayWithMci();
   void LayOutForMedia();
   void MciFailed();

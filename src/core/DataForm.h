@@ -7,6 +7,7 @@
 #include "core/form/Picture.h"
 #include "core/form/StringList.h"
 #include "core/form/TextBox.h"
+#include "playlist/FileListBox.h"
 
 namespace yarvo {
 
@@ -53,6 +54,7 @@ class DataForm : public Form {
   StringList Foldere;          // folders still to walk
   StringList ListaManelisti;   // blocked names
   StringList lstFoundWords;    // hits of one blocked name
+  FileListBox File1{kMediaFilePattern};  // files of the folder being walked
 
   TextBox CuvinteCheieManele{this, "CuvinteCheieManele"};
 

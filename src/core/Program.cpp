@@ -6,6 +6,7 @@
 #include "core/DataForm.h"
 #include "core/form/Events.h"
 #include "core/form/RuntimeError.h"
+#include "engines/FormPreset.h"
 #include "engines/frmBass.h"
 #include "playlist/JumpForm.h"
 #include "playlist/MediaLibrary.h"
@@ -66,6 +67,7 @@ struct Program::Forms {
   FormSlot<yarvo::JumpForm> jumpForm;
   FormSlot<yarvo::frmBass> frmBass;
   FormSlot<yarvo::MiniForm> miniForm;
+  FormSlot<yarvo::FormPreset> formPreset;
 };
 
 Program::Program(Services services)
@@ -92,7 +94,8 @@ std::vector<Form*> Program::LoadedForms() const {
   for (Form* form : std::initializer_list<Form*>{forms_->dataForm.Loaded(), forms_->main.Loaded(), forms_->playlist.Loaded(),
                      forms_->formMeniuri.Loaded(), forms_->options.Loaded(),
                      forms_->mediaLibrary.Loaded(), forms_->jumpForm.Loaded(),
-                     forms_->frmBass.Loaded(), forms_->miniForm.Loaded()}) {
+                     forms_->frmBass.Loaded(), forms_->miniForm.Loaded(),
+                     forms_->formPreset.Loaded()}) {
     if (form) loaded.push_back(form);
   }
   return loaded;
@@ -110,5 +113,8 @@ void Program::UnloadfrmBass() { forms_->frmBass.Unload(formUnloaded_); }
 yarvo::MiniForm& Program::MiniForm() { return forms_->miniForm.Get(formMade_); }
 yarvo::MiniForm* Program::LoadedMiniForm() { return forms_->miniForm.Loaded(); }
 void Program::UnloadMiniForm() { forms_->miniForm.Unload(formUnloaded_); }
+yarvo::FormPreset& Program::FormPreset() { return forms_->formPreset.Get(formMade_); }
+yarvo::FormPreset* Program::LoadedFormPreset() { return forms_->formPreset.Loaded(); }
+void Program::UnloadFormPreset() { forms_->formPreset.Unload(formUnloaded_); }
 
 }  // namespace yarvo

@@ -24,6 +24,7 @@ class RandomSource;
 class DataForm;
 class Form;
 class FormMeniuri;
+class FormPreset;
 class frmBass;
 class JumpForm;
 class Main;
@@ -63,6 +64,9 @@ class Program {
   // The mini window if it is loaded, without loading it.
   yarvo::MiniForm* LoadedMiniForm();
   void UnloadMiniForm();
+  yarvo::FormPreset& FormPreset();
+  yarvo::FormPreset* LoadedFormPreset();
+  void UnloadFormPreset();
 
   // Runs `observer` for every form made from now on, right before its Load:
   // the host gives it a window then, so that Load already finds one.

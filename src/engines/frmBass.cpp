@@ -9,7 +9,10 @@
 #include "core/Program.h"
 #include "core/form/RuntimeError.h"
 #include "engines/BassApi.h"
+#include "engines/modSpectrum.h"
 #include "platform/ProcessControl.h"
+#include "playlist/AntiManea.h"
+#include "playlist/Id3Module.h"
 #include "playlist/MediaLibrary.h"
 #include "playlist/Playlist.h"
 #include "playlist/Top10.h"
@@ -47,6 +50,7 @@ frmBass::frmBass() : Form("frmBass") {
   Load = [this] { Form_Load(); };
   Unload = [this] { Form_Unload(); };
   Timer1.Tick = [this] { Timer1_Timer(); };
+  tmrSpectrum.Tick = [this] { tmrSpectrum_Timer(); };
   StreamLength.onChange([this] { StreamLength_Change(); });
 }
 
@@ -101,8 +105,10 @@ void frmBass::PLAYtheBass() {
   ResumeNext([&] { main.MainFrame(1).Visible = true; });
   ResumeNext([] { ClsMain().ChangeMainMode(); });
   ResumeNext([&] { main.LabelVideo.Caption = "YARVO PLAYER"; });
+  ResumeNext([&] { CheckManea(main.LbFileName(0).Caption); });
   VolumBass();
   Timer1.Enabled = true;
+  SetUpSpectrum();
   tmrSpectrum.Enabled = true;
 }
 
@@ -232,6 +238,7 @@ void frmBass::StreamLength_Change() {
   });
   ResumeNext([&] { main.PiesaCurenta.Caption = row; });
   ResumeNext([&] { main.LbFileName(0).Caption = FileToPlay.Text; });
+  ResumeNext([&] { ShowId3Tag(main.LbFileName(0).Caption); });
   ResumeNext([] { ClsMain().GetMP3Inf(); });
 }
 

@@ -43,8 +43,13 @@ class frmBass : public Form {
   void VolumBass();
   void UpdateFX(int b);
   void MoveScollEq(int b);
+  // The visualisation's mode from the option of Options that is on, or the
+  // next of the four (turning its option on); both clear the picture.
+  void ChangeSpectrumMode();
+  void NextSpectrumMode();
 
   void Timer1_Timer();
+  void tmrSpectrum_Timer();
   void StreamLength_Change();
 
  private:

@@ -1,5 +1,6 @@
 #include "playlist/MediaLibrary.h"
 
+#include "playlist/Id3Genres.h"
 #include "playlist/Top10.h"
 
 namespace yarvo {
@@ -11,6 +12,8 @@ MediaLibrary::MediaLibrary() : Form("MediaLibrary") {
   FrameTop10.Visible = false;
   ListaAsteptare.Visible = false;
   TimerClasament.Tick = MoveUpInTop;
+  // The genre choice holds the table in order: a tag's genre byte is its row.
+  for (const auto genre : kId3Genres) Combo1T.AddItem(std::string(genre));
   for (int i = 0; i < 20; ++i) {
     TopLabel(i).Caption = std::to_string(i + 1) + ".";
     const int column = i / 10;

@@ -4,6 +4,7 @@
 #include "core/DataForm.h"
 #include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "playlist/AddMedia.h"
 #include "playlist/ClsPl.h"
 #include "playlist/Id3Module.h"
 #include "settings/KeyShortcut.h"
@@ -23,6 +24,10 @@ Playlist::Playlist() : Form("Playlist") {
   ScrollTimer.Tick = [this] { Playlist_ScrollTimer_Timer(); };
   PicList.Click = [this] { Playlist_PicList_Click(); };
   PicList.DblClick = [this] { Playlist_PicList_DblClick(); };
+  PicList.AcceptsFiles = true;
+  PicList.FilesDropped = [this](const std::vector<std::string>& paths, double y) {
+    Playlist_PicList_OLEDragDrop(paths, y, ListRowHeight(PicList));
+  };
   // The list is the window's one control that takes keys: the host hands
   // the window's keys to it.
   KeyDown = [this](int& keyCode, int shift) {

@@ -3,9 +3,12 @@
 #include "core/DataForm.h"
 #include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "engines/frmBass.h"
 #include "playlist/ClsPl.h"
+#include "playlist/Id3Module.h"
 #include "playlist/Playlist.h"
 #include "settings/KeyShortcut.h"
+#include "windows/Main.h"
 
 namespace yarvo {
 
@@ -45,6 +48,13 @@ Options::Options() : Form("Options") {
     ResumeNext([&] { ListNoChar(p.Playlist().PicList, p.DataForm().ListaCale); });
     ResumeNext([] { SetJumpList(); });
   };
+  Option18.Click = [] { ResumeNext([] { FileNameToID3(); }); };
+  Option19.Click = [] { ResumeNext([] { FileNameToID3(); }); };
+  for (OptionButton* mode : {&Option8, &Option9, &Option10, &Option11}) {
+    mode->Click = [] { program().frmBass().ChangeSpectrumMode(); };
+  }
+  Option12.Click = [] { program().Main().OnOffEq(); };
+  Option13.Click = [] { program().Main().OnOffEq(); };
   Check17.Click = [this] { ResumeNext([this] { TickAll(TpfAudio, Check17.Value == 1); }); };
   Check18.Click = [this] { ResumeNext([this] { TickAll(TpfVideo, Check18.Value == 1); }); };
   Check8.Click = [this] {

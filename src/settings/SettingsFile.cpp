@@ -31,6 +31,7 @@ namespace yarvo {
 namespace {
 
 constexpr int kLines = 72;
+constexpr const char* kCodePageFile = "/Data/codepage.data";
 
 std::string Bool(bool value) { return value ? "True" : "False"; }
 
@@ -206,6 +207,26 @@ void ClsMain::IncarcaSetari() {
     IncarcaData(store.ProgramPath("/Skins/" + p.Options().SkinName.Text.get() + "/skin.ini"), store.SkinSettings);
   });
   ResumeNext([&] { IncarcaData(store.ProgramPath("/Data/mnin.data"), store.ListaManelisti); });
+  LoadTagCodePage();
+}
+
+// The code page of tag text is a preference of its own, kept beside the
+// other data files so that settings.ini keeps its lines.
+void ClsMain::LoadTagCodePage() {
+  auto& p = program();
+  StringList lines;
+  ResumeNext([&] { IncarcaData(p.DataForm().ProgramPath(kCodePageFile), lines); });
+  ResumeNext([&] {
+    if (lines.ListCount() > 0) p.Options().TagCodePage.SetText(lines.List(0));
+    if (p.Options().TagCodePage.ListIndex() < 0) p.Options().TagCodePage.SetListIndex(0);
+  });
+}
+
+void ClsMain::SaveTagCodePage() {
+  auto& p = program();
+  StringList lines;
+  lines.AddItem(p.Options().TagCodePage.Text());
+  ResumeNext([&] { SalveazaData(p.DataForm().ProgramPath(kCodePageFile), lines); });
 }
 
 void ClsMain::SalveazaSetari() {
@@ -224,6 +245,7 @@ void ClsMain::SalveazaSetari() {
   }
   ResumeNext([&] { SalveazaData(store.ProgramPath("/settings.ini"), store.MSettings); });
   ResumeNext([&] { SalveazaValoriAsociere(); });
+  SaveTagCodePage();
 }
 
 void ClsMain::IncarcaValoriAsociere() {

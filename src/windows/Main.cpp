@@ -49,6 +49,7 @@ Main::Main() : Form("Main") {
   Volum.Move(3480, 3480, 1395, 255);
 
   sldEQR(10).Value = 100;  // the reverb starts dry; the bands start flat
+  BindEqualizer();
   TimerMisc(0).Tick = [this] { Main_TimerMisc_Timer(); };
   TimeCounter.Tick = [this] { Main_TimeCounter_Timer(); };
   ScrollTextTimer.Tick = [this] { Main_ScrollTextTimer_Timer(); };
@@ -58,6 +59,12 @@ Main::Main() : Form("Main") {
   KeyFocus.KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };
   Volum.Change = [this] { VolumChange(); };
   Volum.Scroll = [this] { VolumChange(); };
+  Volum.GotFocus = [this] { VolumFocus(); };
+  auto& seek = SliderMoveMultimedia(0);
+  seek.GotFocus = [this] { ScrollbarFocus(); };
+  seek.Scroll = [this] { ScrollbarScroll(); };
+  seek.MouseUp = [this](const MouseEvent&) { ScrollbarRelease(); };
+  seek.LostFocus = [this] { ScrollbarLostFocus(); };
   Load = [this] { Main_Form_Load(); };
   QueryUnload = [this] { Main_Form_QueryUnload(); };
   Unload = [this] { Main_Form_Unload(); };

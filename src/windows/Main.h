@@ -55,6 +55,11 @@ class Main : public Form {
   Label InfoLabel{this, "InfoLabel", "Info"};
   Label PlaylistLabel{this, "PlaylistLabel", "Playlist"};
   PictureBox Visualisation{this, "Visualisation"};
+  // The six small buttons: 1 next visualisation, 2 equalizer on/off, 3
+  // presets, 4 to 6 the playlist, media library and options windows.
+  PictureBox ImgButton1{this, "ImgButton1"}, ImgButton2{this, "ImgButton2"},
+      ImgButton3{this, "ImgButton3"}, ImgButton4{this, "ImgButton4"},
+      ImgButton5{this, "ImgButton5"}, ImgButton6{this, "ImgButton6"};
   Label ResizeArea{this, "ResizeArea", "o"};
   PictureBox MinimizeButton{this, "MinimizeButton"};
   PictureBox CloseButton{this, "CloseButton"};
@@ -85,6 +90,13 @@ class Main : public Form {
   void Main_TimerMisc_Timer();
   void RotateTagLine();
 
+  // The equalizer (MainEqualizer.cpp): every slider to the channel; the
+  // on/off state of Options.Option12 to the button's picture and the channel.
+  void UpdateEqualizer();
+  void OnOffEq();
+  void Main_ImgButton2_Click();
+  void BindEqualizer();
+
   // The tag line rotation of the media engine's clock; zeroed at load.
   int tagTick = 0;
   // The mini window gave way to a video and is to come back after it.
@@ -93,6 +105,16 @@ class Main : public Form {
   void Main_Form_Load();
   void RepairMediaDrivers();
   void VolumChange();
+  void VolumFocus();
+
+  // The seek bar: pressed, dragged, let go, and left.
+  void ScrollbarFocus();
+  void ScrollbarScroll();
+  void ScrollbarRelease();
+  void ScrollbarLostFocus();
+  // Where the focus goes after the bars: the volume bar, then the keys.
+  void FocusVolume();
+  void FocusKeys();
   void Main_Form_QueryUnload();
   void Main_Form_Unload();
 };

@@ -96,6 +96,7 @@ TEST_F(SettingsFile, ARestartRestoresEveryPreference) {
   options.SubDelay.Text = "250";
   options.PlaylistFontSize.SetListIndex(4);
   options.LanguageSelector.SetListIndex(1);
+  options.TagCodePage.SetText("cp1250");
   main.sldEQR(3).Value = 12;
   main.sldEQR(10).Value = 88;
   P().DataForm().MainMode = "Small";
@@ -115,6 +116,7 @@ TEST_F(SettingsFile, ARestartRestoresEveryPreference) {
   EXPECT_EQ(P().Options().PlaylistFontSize.ListIndex(), 4);
   EXPECT_EQ(P().Playlist().PicList.FontSize.get(), 12) << "the font size ran its handler";
   EXPECT_EQ(P().Main().sldEQR(10).Value.get(), 88);
+  EXPECT_EQ(P().Options().TagCodePage.Text(), "cp1250") << "kept beside the settings";
   EXPECT_EQ(P().DataForm().MainMode.get(), "Small");
   EXPECT_EQ(P().Main().Height.get(), 2000) << "the small layout was applied";
   EXPECT_TRUE(P().Playlist().Visible);

@@ -43,6 +43,11 @@ ProgramFixture::ProgramFixture() {
   std::filesystem::create_directories(folder.Path() / "Data");
   std::filesystem::create_directories(folder.Path() / "Playlists");
   process.programFolder = folder.Path().string();
+  // Every play is checked against the blocked names, and a list of fewer
+  // than ten closes the program: ten that no test's file matches.
+  std::string names;
+  for (int i = 0; i < 10; ++i) names += "#no-such-artist-" + std::to_string(i) + "#\r\n";
+  WriteBytes(folder / "Data/mnin.data", names);
   // The media service's driver table lives in the test's folder, and media
   // opened by a test play silently with no picture.
   setMciDriverFile(folder.Path() / "system.ini");

@@ -16,6 +16,8 @@ void Control::Move(int left, int top, int width, int height) {
   Height = height;
 }
 
+void Control::SetFocus() { owner_->SetFocus(this); }
+
 bool Control::Contains(double x, double y) const {
   return x >= Left && y >= Top && x < Left + Width && y < Top + Height;
 }

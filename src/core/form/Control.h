@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "core/form/Picture.h"
 #include "core/form/Property.h"
@@ -46,6 +47,8 @@ class Control {
   Property<int> MousePointer{0};
 
   void Move(int left, int top, int width, int height);
+  // Gives this control the keyboard focus of its form.
+  void SetFocus();
   bool Contains(double x, double y) const;
 
   std::function<void()> Click;
@@ -57,6 +60,12 @@ class Control {
   std::function<void(int& keyCode, int shift)> KeyUp;
   std::function<void()> GotFocus;
   std::function<void()> LostFocus;
+
+  // Files dropped from the file manager: local paths in the manager's order,
+  // y in twips from the control's top. The host offers a drop only to a
+  // control that AcceptsFiles, and only a drag of local files.
+  bool AcceptsFiles = false;
+  std::function<void(const std::vector<std::string>& paths, double y)> FilesDropped;
 
  private:
   Form* owner_;

@@ -19,6 +19,14 @@ Control* Form::FindControl(const std::string& name, int index) const {
   return nullptr;
 }
 
+void Form::SetFocus(Control* control) {
+  if (control == focused_) return;
+  Control* old = focused_;
+  focused_ = control;
+  if (old && old->LostFocus) old->LostFocus();
+  if (control && control->GotFocus) control->GotFocus();
+}
+
 void Form::Move(int left, int top, int width, int height) {
   Left = left;
   Top = top;

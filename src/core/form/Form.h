@@ -45,6 +45,12 @@ class Form {
   Property<int> MousePointer{0};
   Property<bool> AlwaysOnTop{false};
 
+  // The control that takes the keys; nullptr when the window itself has it.
+  Control* ActiveControl() const { return focused_; }
+  // Moves the focus: the old control's LostFocus runs, then the new one's
+  // GotFocus, as the platform reports them.
+  void SetFocus(Control* control);
+
   void Show() { Visible = true; }
   void Hide() { Visible = false; }
   void Move(int left, int top, int width, int height);
@@ -66,6 +72,7 @@ class Form {
 
   std::string name_;
   std::vector<Control*> controls_;
+  Control* focused_ = nullptr;
 };
 
 }  // namespace yarvo

@@ -8,7 +8,9 @@
 #include <ranges>
 
 #include "core/form/Form.h"
+#include "core/form/ListBox.h"
 #include "core/form/PictureBox.h"
+#include "core/form/Slider.h"
 #include "platform/qt/ControlPainter.h"
 #include "platform/qt/QtEvents.h"
 #include "platform/qt/VirtualKey.h"
@@ -131,17 +133,46 @@ Control* FormHost::ControlAt(const QPoint& pixel) const {
 void FormHost::mousePressEvent(QMouseEvent* event) {
   Control* control = ControlAt(event->position().toPoint());
   const MouseEvent e = ToMouseEvent(*event, control);
+  pressed_ = control;
   QtEvents::Dispatch([&] {
-    if (control && control->MouseDown) {
-      control->MouseDown(e);
-    } else if (!control && form_.MouseDown) {
-      form_.MouseDown(e);
+    if (!control) {
+      if (form_.MouseDown) form_.MouseDown(e);
+      return;
     }
+    form_.SetFocus(control);
+    if (control->MouseDown) control->MouseDown(e);
+    if (e.button == MouseButton::Left) Point(*control, e);
   });
 }
 
+void FormHost::mouseMoveEvent(QMouseEvent* event) {
+  if (!(event->buttons() & Qt::LeftButton) || !pressed_) return;
+  Control* control = pressed_;
+  const MouseEvent e = ToMouseEvent(*event, control);
+  QtEvents::Dispatch([&] {
+    if (control->MouseMove) control->MouseMove(e);
+    if (dynamic_cast<Slider*>(control)) Point(*control, e);
+  });
+}
+
+// What a press or drag means to the control itself: a bar follows the
+// pointer, a list selects the row under it.
+void FormHost::Point(Control& control, const MouseEvent& e) {
+  if (auto* slider = dynamic_cast<Slider*>(&control)) {
+    const double share = control.Width > 0 ? e.x / control.Width : 0;
+    slider->SetClamped(slider->Min + share * (slider->Max - slider->Min));
+    if (slider->Scroll) slider->Scroll();
+  } else if (auto* list = dynamic_cast<ListBox*>(&control)) {
+    const int rowHeight = std::max(1, fontMetrics().height()) * kTwipsPerPixel;
+    const int row = list->TopIndex + static_cast<int>(e.y) / rowHeight;
+    if (row < list->ListCount()) list->SetListIndex(row);
+  }
+}
+
 void FormHost::mouseReleaseEvent(QMouseEvent* event) {
-  Control* control = ControlAt(event->position().toPoint());
+  // A drag ends on the control it started on, wherever the pointer is.
+  Control* control = pressed_ ? pressed_ : ControlAt(event->position().toPoint());
+  pressed_ = nullptr;
   const MouseEvent e = ToMouseEvent(*event, control);
   QtEvents::Dispatch([&] {
     if (!control) {
@@ -165,7 +196,12 @@ void FormHost::keyPressEvent(QKeyEvent* event) {
   if (keyCode == 0) return QWidget::keyPressEvent(event);
   const int shift = ShiftState(event->modifiers());
   QtEvents::Dispatch([&] {
-    if (form_.KeyDown) form_.KeyDown(keyCode, shift);
+    Control* focused = form_.ActiveControl();
+    if (focused && focused->KeyDown) {
+      focused->KeyDown(keyCode, shift);
+    } else if (form_.KeyDown) {
+      form_.KeyDown(keyCode, shift);
+    }
   });
 }
 

@@ -30,6 +30,7 @@ class FormHost final : public QWidget {
   void closeEvent(QCloseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
@@ -37,6 +38,7 @@ class FormHost final : public QWidget {
 
  private:
   Control* ControlAt(const QPoint& pixel) const;
+  void Point(Control& control, const struct MouseEvent& e);
   void SyncWindow();
   // Native child windows for the controls that show video.
   void SyncSurfaces();
@@ -45,6 +47,7 @@ class FormHost final : public QWidget {
 
   Form& form_;
   bool syncing_ = false;
+  Control* pressed_ = nullptr;  // the control a held button went down on
 };
 
 }  // namespace yarvo

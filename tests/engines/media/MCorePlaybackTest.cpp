@@ -11,7 +11,7 @@
 #include <string>
 #include <thread>
 
-#include "FakeMciService.h"
+#include "support/FakeMciService.h"
 #include "MediaFiles.h"
 #include "engines/media/MCore.h"
 #include "engines/media/MciError.h"

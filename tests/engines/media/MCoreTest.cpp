@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "FakeMciService.h"
+#include "support/FakeMciService.h"
 #include "MediaFiles.h"
 #include "engines/media/MCore.h"
 #include "engines/media/MciError.h"

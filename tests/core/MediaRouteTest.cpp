@@ -1,0 +1,204 @@
+// Files the audio engine does not take: the director's route through the
+// media service, its clock, the failure path, and the scrolling title.
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "core/DirectorFixture.h"
+#include "engines/media/MciSendString.h"
+#include "core/DoctorYarvo.h"
+#include "playlist/MediaLibrary.h"
+
+namespace yarvo {
+namespace {
+
+// A media service that plays one 4 s video of 320 by 240 at 25 frames a
+// second; the test says when it has reached its end.
+class FakeVideoService {
+ public:
+  explicit FakeVideoService(std::string path) : path_(std::move(path)) {
+    setMciCommandHook([this](std::string_view command, std::span<char> reply) { return Answer(command, reply); });
+  }
+  ~FakeVideoService() { setMciCommandHook({}); }
+  FakeVideoService(const FakeVideoService&) = delete;
+  FakeVideoService& operator=(const FakeVideoService&) = delete;
+
+  std::string mode = "playing";
+  std::vector<std::string> sent;
+
+ private:
+  std::optional<std::uint32_t> Answer(std::string_view command, std::span<char> reply) {
+    sent.emplace_back(command);
+    const std::string c(command);
+    std::string text;
+    if (c.rfind("open " + path_ + " type MPEGVideo Alias movie", 0) == 0) {
+      open_ = true;
+    } else if (!open_ || c.find("movie") == std::string::npos) {
+      return 263;  // nothing open under that name
+    } else if (c == "set movie time format ms") {
+      ms_ = true;
+    } else if (c == "set movie time format frames") {
+      ms_ = false;
+    } else if (c == "status movie length") {
+      text = ms_ ? "4000" : "100";
+    } else if (c == "status movie position") {
+      text = mode == "stopped" ? "100" : "50";
+    } else if (c == "status movie mode") {
+      text = mode;
+    } else if (c == "status movie speed") {
+      text = "1000";
+    } else if (c == "Where movie destination") {
+      text = "0 0 320 240";
+    } else if (c == "Close movie") {
+      open_ = false;
+    }
+    if (!reply.empty()) {
+      const std::size_t n = std::min(text.size(), reply.size() - 1);
+      std::memcpy(reply.data(), text.data(), n);
+      reply[n] = '\0';
+    }
+    return 0;
+  }
+
+  std::string path_;
+  bool open_ = false;
+  bool ms_ = false;
+};
+
+class MediaRoute : public test::DirectorFixture {
+ protected:
+  void SetUp() override {
+    DirectorFixture::SetUp();
+    video = folder / "film.avi";
+    test::WriteBytes(video, "RIFF....AVI ");  // the service needs a file that exists
+    P().DataForm().ListaCale.SetList(1, video);
+  }
+  std::string video;
+};
+
+TEST_F(MediaRoute, AVideoPlaysThroughTheMediaServiceInTheVideoLayoutAndTheNextRowFollows) {
+  FakeVideoService service(video);
+  DoubleClick(1);
+  auto& main = P().Main();
+  auto& library = P().MediaLibrary();
+  EXPECT_EQ(P().frmBass().BassON.get(), "False");
+  EXPECT_EQ(main.LbResult(0).Caption.get(), "Result calling Function is : Success");
+  EXPECT_EQ(main.LbActualCx(0).Caption.get(), "320");
+  EXPECT_EQ(main.LbActualCy(0).Caption.get(), "240");
+  EXPECT_EQ(library.LbFramesPerSecond(0).Caption.get(), "25");
+  EXPECT_EQ(library.LbTotalFrames(0).Caption.get(), "100");
+  EXPECT_EQ(library.LbTotalTime(0).Caption.get(), "4");
+  EXPECT_EQ(main.SliderMoveMultimedia(0).Max.get(), 2) << "one step is two seconds";
+  EXPECT_TRUE(main.FrameVideo(0).Visible);
+  EXPECT_FALSE(main.MainFrame(1).Visible);
+  EXPECT_TRUE(main.TimerMisc(0).Enabled);
+  EXPECT_NE(std::find(service.sent.begin(), service.sent.end(), "play movie from 0 to 100"), service.sent.end());
+
+  clock.Advance(500);
+  EXPECT_EQ(main.LbStatus(0).Caption.get(), "playing");
+  EXPECT_EQ(main.LbProgress(0).Caption.get(), "50 %");
+  EXPECT_EQ(library.LbCurrentTime(0).Caption.get(), "2");
+  clock.Advance(500);
+  EXPECT_EQ(main.TSec.Caption.get(), "00:02");
+  EXPECT_EQ(main.StarePlayer.Caption.get(), "playing") << "the state word follows the media service";
+
+  service.mode = "stopped";
+  clock.Advance(500);
+  EXPECT_EQ(bass.PlayingFile(), "/m/c.ogg");
+  EXPECT_EQ(SongNumber(), "2");
+  EXPECT_EQ(main.LbActualCx(0).Caption.get(), "-1") << "the stop cleared the video size";
+}
+
+TEST_F(MediaRoute, WhileTheSeekBarIsHeldTheEndWaitsForItsRelease) {
+  FakeVideoService service(video);
+  DoubleClick(1);
+  auto& main = P().Main();
+  main.SliderMoveMultimedia(0).SetFocus();  // a press on the bar
+  EXPECT_EQ(main.StartMoveSlider.Caption.get(), "True");
+  service.mode = "stopped";
+  clock.Advance(2000);
+  EXPECT_EQ(bass.PlayingFile(), "") << "no next song while the bar is held";
+  main.SliderMoveMultimedia(0).Value = 1;
+  main.ScrollbarRelease();
+  EXPECT_NE(std::find(service.sent.begin(), service.sent.end(), "seek movie to 50"), service.sent.end());
+  EXPECT_EQ(main.StartMoveSlider.Caption.get(), "False") << "the focus left the bar";
+  clock.Advance(500);
+  EXPECT_EQ(bass.PlayingFile(), "/m/c.ogg");
+}
+
+TEST_F(MediaRoute, AFileThatCannotBePlayedIsExplainedAfterTheApology) {
+  const std::string broken = folder / "broken.avi";
+  test::WriteBytes(broken, "");
+  P().DataForm().ListaCale.SetList(1, broken);
+  DoubleClick(1);  // the real media service refuses an empty file
+  ASSERT_EQ(desktop.messages.size(), 2u);
+  EXPECT_EQ(desktop.messages[0].prompt,
+            "Sorry, Yarvo Player could not play this file. Doctor Yarvo will try to fix that");
+  EXPECT_EQ(desktop.messages[1].title, "Doctor Yarvo");
+  EXPECT_NE(desktop.messages[1].prompt.find("empty"), std::string::npos) << desktop.messages[1].prompt;
+  EXPECT_EQ(bass.PlayingFile(), "") << "no next song after a failure";
+}
+
+TEST(DoctorYarvo, TellsWhyAFileWouldNotPlay) {
+  test::TempDir dir;
+  test::WriteBytes(dir / "empty.avi", "");
+  test::WriteBytes(dir / "text.avi", "just some words");
+  test::WriteBytes(dir / "cut.mp4", std::string("\0\0\0\x18" "ftypisom", 12));
+  for (auto [path, words] : {std::pair{std::string(), "No file"},
+                             {dir / "gone.avi", "does not exist"},
+                             {dir.Path().string(), "is a folder"},
+                             {dir / "empty.avi", "is empty"},
+                             {dir / "text.avi", "does not look like a media file"},
+                             {dir / "cut.mp4", "MP4"},
+                             {std::string("http://example.org/a.avi"), "web address"}}) {
+    SCOPED_TRACE(path);
+    EXPECT_NE(DoctorYarvo::Diagnose(path).find(words), std::string::npos) << DoctorYarvo::Diagnose(path);
+  }
+}
+
+class MediaClock : public test::ProgramFixture {};
+
+TEST_F(MediaClock, TheTimeTextHasTwoDigitMinutesAndGoesPastAnHour) {
+  Start();
+  auto& main = P().Main();
+  auto& now = P().MediaLibrary().LbCurrentTime(0).Caption;
+  for (auto [seconds, text] : {std::pair{"0", "00:00"}, {"9.6", "00:09"}, {"125", "02:05"}, {"6000", "100:00"}}) {
+    now = seconds;
+    main.Main_TimeCounter_Timer();
+    EXPECT_EQ(main.TSec.Caption.get(), text) << seconds;
+  }
+  EXPECT_EQ(main.LabelVideo.Caption.get(), "YARVO PLAYER") << "no video";
+}
+
+TEST_F(MediaClock, TheTitleRunsRoundAsARingOfFiftyCharacters) {
+  Start();
+  auto& title = P().Main().Titlu.Caption;
+  title = std::string(9, ' ') + "Song";
+  P().Main().Main_ScrollTextTimer_Timer();
+  EXPECT_EQ(title.get(), std::string(8, ' ') + "Song" + std::string(38, ' '));
+  for (int i = 0; i < 49; ++i) P().Main().Main_ScrollTextTimer_Timer();
+  EXPECT_EQ(title.get(), std::string(9, ' ') + "Song" + std::string(37, ' ')) << "fifty steps go round once";
+  title = "Ăla bală portocală";  // letters of two bytes stay whole
+  P().Main().Main_ScrollTextTimer_Timer();
+  EXPECT_EQ(title.get().substr(0, 4), "la b");
+  EXPECT_NE(title.get().find("Ă"), std::string::npos);
+}
+
+TEST_F(MediaClock, AMediaFileRotatesTheTagLineToo) {
+  Start();
+  auto& main = P().Main();
+  P().MediaLibrary().Text2T.Text = "The Artist";
+  main.LbStatus(0).Caption = "playing";
+  main.Main_TimeCounter_Timer();
+  EXPECT_EQ(main.InfoIDTag.Caption.get(), "Artist: The Artist");
+  main.LbStatus(0).Caption = "paused";
+  for (int i = 0; i < 5; ++i) main.Main_TimeCounter_Timer();
+  EXPECT_EQ(main.InfoIDTag.Caption.get(), "Artist: The Artist") << "a paused file holds its line";
+}
+
+}  // namespace
+}  // namespace yarvo

@@ -1,0 +1,234 @@
+// The visualisation drawn from real audio: a tone or a level written to a
+// file, played through the real audio library into a capture output, one
+// tick of tmrSpectrum, and the 180 x 40 picture that Main shows. Each mode's
+// picture is also written as a PNG beside this test's build files.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+#include "PngFile.h"
+#include "RealLibraryFixture.h"
+#include "core/DataForm.h"
+#include "engines/modSpectrum.h"
+#include "settings/Options.h"
+#include "windows/Main.h"
+
+namespace yarvo {
+namespace {
+
+using audio::test::Signal;
+using audio::test::sine;
+using audio::test::stereo;
+using audio::test::writeWav;
+
+// A tone centred on spectrum bin `bin` (2048 points at 44.1 kHz).
+double BinHz(int bin) { return bin * 44100.0 / 2048.0; }
+
+Signal Level(double value, double seconds, int channels = 1) {
+  Signal s;
+  s.channels = channels;
+  s.samples.assign(static_cast<std::size_t>(seconds * 44100) * static_cast<std::size_t>(channels),
+                   static_cast<float>(value));
+  return s;
+}
+
+class SpectrumTest : public test::RealLibraryFixture {
+ protected:
+  void SetUp() override { StartReal(); }
+
+  // Plays `signal` in the mode chosen by `option`, and draws `frames` frames
+  // by the engine's own timer after half a second of audio.
+  const SpectrumState& Draw(OptionButton& option, const Signal& signal, int frames = 1) {
+    option.Value = true;
+    const auto path = media_.file("signal" + std::to_string(++files_) + ".wav");
+    writeWav(path, signal, true);
+    PlayFile(path);
+    Render(0.5);
+    clock.Advance(25 * frames);
+    return modSpectrum();
+  }
+
+  int Pixel(int x, int row) const {
+    return modSpectrum().specBuf[static_cast<std::size_t>(row * kSpecWidth + x)];
+  }
+
+  // Rows from the bottom that column x fills without a gap.
+  int ColumnHeight(int x) const {
+    int rows = 0;
+    while (rows < kSpecHeight && Pixel(x, rows) != 0) ++rows;
+    return rows;
+  }
+
+  std::set<int> Values() const {
+    const auto& buf = modSpectrum().specBuf;
+    return {buf.begin(), buf.end()};
+  }
+
+  void SavePicture(const std::string& name) {
+    const Image* image = R().Main().Visualisation.Picture.get().Pixels();
+    ASSERT_NE(image, nullptr) << "the tick gave Main.Visualisation no picture";
+    ASSERT_EQ(image->width, kSpecWidth);
+    ASSERT_EQ(image->height, kSpecHeight);
+    test::WritePng(std::filesystem::path(EQVIS_PICTURE_DIR) / (name + ".png"), *image, 4);
+  }
+
+  Options& Opt() { return R().Options(); }
+
+ private:
+  int files_ = 0;
+};
+
+TEST_F(SpectrumTest, WaveModeStandsItsTallestColumnOnTheTonesBin) {
+  const auto& s = Draw(Opt().Option9, sine(BinHz(46), 0.1, 2.0));
+  ASSERT_EQ(s.specMode, 0);
+  int tallest = 0;
+  for (int x = 0; x < 90; ++x) {
+    if (ColumnHeight(2 * x) > ColumnHeight(2 * tallest)) tallest = x;
+  }
+  EXPECT_EQ(tallest + 1, 46) << "column x shows bin x + 1";
+  const int height = ColumnHeight(2 * tallest);
+  EXPECT_GT(height, 20);
+  EXPECT_LT(height, 40) << "a tenth of full scale stays below the cap";
+  for (int row = 0; row < height; ++row) EXPECT_EQ(Pixel(2 * tallest, row), row + 1);
+  EXPECT_LT(ColumnHeight(2 * tallest - 1), height) << "the smoothing column stands lower";
+  EXPECT_EQ(ColumnHeight(20), 0) << "far from the tone nothing stands";
+  SavePicture("spectrum-mode0-wave");
+}
+
+TEST_F(SpectrumTest, AnalyzerModeShowsA1kHzToneInBar15Of28) {
+  // Bar 15 ends at bin round(2^(150/27)) = 47 and starts behind bar 14's end,
+  // bin round(2^(140/27)) = 36; 1 kHz is bin 46.4.
+  const auto& s = Draw(Opt().Option8, sine(1000.0, 0.1, 2.0));
+  ASSERT_EQ(s.specMode, 1);
+  int tallest = 0;
+  for (int bar = 0; bar < 28; ++bar) {
+    if (ColumnHeight(6 * bar) > ColumnHeight(6 * tallest)) tallest = bar;
+    SCOPED_TRACE(bar);
+    for (int dx = 1; dx < 4; ++dx) EXPECT_EQ(ColumnHeight(6 * bar + dx), ColumnHeight(6 * bar));
+    EXPECT_EQ(ColumnHeight(6 * bar + 4), 0) << "bars are 4 pixels wide, 6 apart";
+    EXPECT_EQ(ColumnHeight(6 * bar + 5), 0);
+  }
+  EXPECT_EQ(tallest, 15);
+  EXPECT_GT(ColumnHeight(6 * 15), 10);
+  SavePicture("spectrum-mode1-analyzer");
+}
+
+TEST_F(SpectrumTest, WaveImageModeWritesOneColumnPerFrameAheadOfItsMarker) {
+  const auto& s = Draw(Opt().Option10, sine(BinHz(20), 0.1, 2.0), 3);
+  ASSERT_EQ(s.specMode, 2);
+  EXPECT_EQ(s.specPos, 3);
+  for (int row = 0; row < kSpecHeight; ++row) {
+    SCOPED_TRACE(row);
+    EXPECT_EQ(Pixel(3, row), 255) << "the marker stands on the next column";
+    EXPECT_EQ(Pixel(4, row), 0) << "nothing written beyond it";
+    for (int x = 0; x < 3; ++x) EXPECT_GE(Pixel(x, row), 128);
+  }
+  for (int x = 0; x < 3; ++x) {
+    int brightest = 0;
+    for (int row = 0; row < kSpecHeight; ++row) {
+      if (Pixel(x, row) > Pixel(x, brightest)) brightest = row;
+    }
+    EXPECT_EQ(brightest, 19) << "row x shows bin x + 1";
+    EXPECT_LT(Pixel(x, brightest), 255) << "a tenth of full scale stays below the cap";
+  }
+  SavePicture("spectrum-mode2-wave-image");
+}
+
+TEST_F(SpectrumTest, SpectrogramCarriesOnFromItsColumnAcrossTheEdge) {
+  modSpectrum().specPos = 179;
+  Opt().Option11.Value = true;  // the oscilloscope keeps the mode set by hand
+  modSpectrum().specMode = 2;
+  const auto path = media_.file("tone.wav");
+  writeWav(path, sine(BinHz(20), 0.1, 2.0), true);
+  PlayFile(path);
+  EXPECT_EQ(modSpectrum().specPos, 0) << "a new stream starts at column 0";
+  modSpectrum().specPos = 179;
+  Render(0.5);
+  clock.Advance(25);
+  EXPECT_EQ(modSpectrum().specPos, 0);
+  EXPECT_EQ(Pixel(0, 0), 255);
+  EXPECT_GE(Pixel(179, 19), 200);
+}
+
+TEST_F(SpectrumTest, OscilloscopeDrawsOneLineForMonoAndTwoForStereo) {
+  const auto& mono = Draw(Opt().Option11, sine(441.0, 0.8, 2.0));
+  ASSERT_EQ(mono.specMode, 3);
+  EXPECT_EQ(Values(), (std::set<int>{0, 1}));
+  for (int x = 0; x < kSpecWidth; ++x) {
+    int lit = 0;
+    for (int row = 0; row < kSpecHeight; ++row) lit += Pixel(x, row) != 0;
+    EXPECT_GE(lit, 1) << "column " << x;
+  }
+  SavePicture("spectrum-mode3-mono");
+
+  const auto& two = Draw(Opt().Option11, stereo(sine(441.0, 0.8, 2.0), sine(0.0, 0.0, 2.0)));
+  EXPECT_EQ(Values(), (std::set<int>{0, 1, 127}));
+  ASSERT_EQ(two.specMode, 3);
+  for (int x = 0; x < kSpecWidth; ++x) {
+    EXPECT_EQ(Pixel(x, 20), 127) << "the silent right channel, drawn last, is row 20 at " << x;
+  }
+  SavePicture("spectrum-mode3-stereo");
+}
+
+struct LevelCase {
+  double level;
+  int row;
+};
+
+class OscilloscopeLevel : public SpectrumTest, public ::testing::WithParamInterface<LevelCase> {};
+
+TEST_P(OscilloscopeLevel, AConstantLevelIsAFlatLineOnItsRow) {
+  Draw(Opt().Option11, Level(GetParam().level, 2.0));
+  for (int x = 0; x < kSpecWidth; ++x) {
+    for (int row = 0; row < kSpecHeight; ++row) {
+      ASSERT_EQ(Pixel(x, row), row == GetParam().row ? 1 : 0) << "x " << x << ", row " << row;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Levels, OscilloscopeLevel,
+                         ::testing::Values(LevelCase{0.0, 20}, LevelCase{1.0, 0},
+                                           LevelCase{-1.0, 39}, LevelCase{0.5, 10}));
+
+TEST_F(SpectrumTest, ThePictureIsUpsideDownThroughTheSkinsPalette) {
+  auto& skin = R().DataForm().SkinValues;
+  for (const char* value : {"", "", "", "", "", "", "", "10", "20", "30", "", "1.5", "0.25"}) {
+    skin.AddItem(value);
+  }
+  Draw(Opt().Option11, Level(1.0, 2.0));
+  const auto& palette = modSpectrum().palette;
+  EXPECT_EQ(palette[0].red, 10);
+  EXPECT_EQ(palette[0].green, 20);
+  EXPECT_EQ(palette[0].blue, 30);
+  EXPECT_EQ(palette[100].red, 55);
+  EXPECT_EQ(palette[100].green, 150);
+  EXPECT_EQ(palette[100].blue, 25);
+  EXPECT_EQ(palette[2].blue, 0) << "0.5 rounds to the even byte";
+  EXPECT_EQ(palette[6].blue, 2) << "1.5 rounds to the even byte";
+  EXPECT_EQ(palette[128 + 31].blue, 248);
+  EXPECT_EQ(palette[192 + 1].green, 8);
+  EXPECT_EQ(palette[192 + 1].blue, 240);
+  const Image* image = R().Main().Visualisation.Picture.get().Pixels();
+  ASSERT_NE(image, nullptr);
+  // Row 0 of the buffer is the bottom line of the picture.
+  EXPECT_EQ(image->argb[0], 0xFF0A141Eu) << "the top line is empty: entry 0";
+  EXPECT_EQ(image->argb[static_cast<std::size_t>(39 * kSpecWidth)], 0xFFFD0200u)
+      << "the line of +1 at the bottom: entry 1 is 253, 1.5 -> 2, 0.25 -> 0";
+}
+
+TEST_F(SpectrumTest, AGreenStepBeyondAByteLeavesThoseEntriesAsTheyWere) {
+  auto& skin = R().DataForm().SkinValues;
+  for (const char* value : {"", "", "", "", "", "", "", "0", "0", "0", "", "3", "x"}) skin.AddItem(value);
+  Draw(Opt().Option9, Level(0.0, 1.0));
+  const auto& palette = modSpectrum().palette;
+  EXPECT_EQ(palette[85].green, 255);
+  EXPECT_EQ(palette[86].green, 0) << "258 is no byte";
+  EXPECT_EQ(palette[86].red, 255 - 172);
+  EXPECT_EQ(palette[50].blue, 0) << "a row that is no number";
+}
+
+}  // namespace
+}  // namespace yarvo

@@ -1,0 +1,87 @@
+// The program's use of tags: the tag page, and playlist titles made from
+// tags in the two tag title modes.
+
+#include <gtest/gtest.h>
+
+#include "core/DataForm.h"
+#include "playlist/ClsPl.h"
+#include "playlist/Id3Module.h"
+#include "playlist/JumpForm.h"
+#include "playlist/MediaLibrary.h"
+#include "playlist/Playlist.h"
+#include "settings/Options.h"
+#include "support/ProgramFixture.h"
+
+namespace yarvo {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+class TagTitles : public test::ProgramFixture {
+ protected:
+  void SetUp() override { Start(); }
+
+  // A file of audio-like bytes with a tag whose fields are given as bytes.
+  std::string Tagged(const std::string& name, const std::string& artist, const std::string& title,
+                     std::uint8_t genre = 0) {
+    Id3Tag tag;
+    tag.Artist = artist;
+    tag.Title = title;
+    tag.Genre = genre;
+    const auto bytes = id3TagBytes(tag);
+    const std::string path = folder / name;
+    test::WriteBytes(path, std::string(1000, 'x') + std::string(bytes.begin(), bytes.end()));
+    return path;
+  }
+
+  void Playlist(const Strings& paths) {
+    for (const auto& path : paths) P().DataForm().ListaCale.AddItem(path);
+    ListNoChar(P().Playlist().PicList, P().DataForm().ListaCale);
+  }
+  Strings Titles() { return test::Rows(P().Playlist().PicList); }
+};
+
+TEST_F(TagTitles, ArtistThenTitleOrTheReverseAndFileNamesWhereTheTagGivesNothing) {
+  Playlist({Tagged("one.mp3", "Abba", "Waterloo"), folder / "notag.mp3", Tagged("two.mp3", "", "Only Title")});
+  P().Options().Option18.Value = true;  // runs FileNameToID3, as a click does
+  EXPECT_EQ(Titles(), (Strings{"Abba - Waterloo", "notag", "two"}));
+  P().Options().Option19.Value = true;
+  EXPECT_EQ(Titles(), (Strings{"Waterloo - Abba", "notag", "two"}));
+  EXPECT_EQ(test::Rows(P().JumpForm().Lista), Titles()) << "the jump list follows";
+}
+
+TEST_F(TagTitles, ARowWhoseTagRepeatsTheTitleJustGivenKeepsItsText) {
+  Playlist({Tagged("a.mp3", "Alfa", "Same"), Tagged("b.mp3", "Beta", "Same"), Tagged("c.mp3", "Gama", "Diff")});
+  P().Options().Option18.Value = true;
+  EXPECT_EQ(Titles(), (Strings{"Alfa - Same", "b", "Gama - Diff"}));
+}
+
+TEST_F(TagTitles, PaddingGoesByPairsOfBlanksAndZeroBytesEndTheText) {
+  Playlist({Tagged("a.mp3", "Band", std::string("Title") + std::string(25, '\0')),
+            Tagged("b.mp3", "Band", "Elevenchars" + std::string(19, ' '))});
+  P().Options().Option19.Value = true;
+  EXPECT_EQ(Titles(), (Strings{"Title - Band", "Elevenchars  - Band"}));
+}
+
+TEST_F(TagTitles, TheTagPageShowsATagAndTheRecordIsBlankedBehindIt) {
+  const std::string path = Tagged("a.mp3", "Artist", "Song", 17);
+  ShowId3Tag(path);
+  auto& library = P().MediaLibrary();
+  EXPECT_EQ(library.Text2T.Text.get(), "Artist" + std::string(24, ' '));
+  EXPECT_EQ(library.Combo1T.Text(), "Rock");
+  EXPECT_EQ(library.ID3Path.Caption.get(), path);
+  ShowId3Tag(folder / "notag.mp3");
+  EXPECT_EQ(library.Text2T.Text.get(), std::string(30, ' ')) << "a file without a tag shows blank fields";
+  EXPECT_EQ(library.Combo1T.Text(), "Rock") << "but the genre of the last tag read";
+}
+
+TEST_F(TagTitles, TheChosenCodePageReadsTheTagsLetters) {
+  // "Ţară" in Windows-1250: 0xDE 0x61 0x72 0xE3.
+  Playlist({Tagged("a.mp3", "\xDE" "ar\xE3", "Cantec")});
+  P().Options().TagCodePage.SetText("cp1250");
+  P().Options().Option18.Value = true;
+  EXPECT_EQ(Titles(), (Strings{"Ţară - Cantec"}));
+}
+
+}  // namespace
+}  // namespace yarvo
