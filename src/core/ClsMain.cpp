@@ -9,6 +9,7 @@
 #include "core/DataForm.h"
 #include "core/DoctorYarvo.h"
 #include "core/Program.h"
+#include "core/TimeText.h"
 #include "core/form/RuntimeError.h"
 #include "engines/frmBass.h"
 #include "engines/media/MCore.h"
@@ -36,14 +37,6 @@ bool IsBassFile(const std::string& file) {
     if (ending == known) return true;
   }
   return false;
-}
-
-// "mm:ss" with at least two digits of minutes, as the media clock shows time.
-std::string MinutesSeconds2(long seconds) {
-  const long minutes = seconds / 60;
-  const long rest = seconds % 60;
-  return (minutes < 10 ? "0" : "") + std::to_string(minutes) + ":" + (rest < 10 ? "0" : "") +
-         std::to_string(rest);
 }
 
 }  // namespace
@@ -145,7 +138,7 @@ void ClsMain::PlayWithMci() {
   ResumeNext([&] {
     const std::string& length = main.labLength.Caption;
     const double seconds = length.empty() ? CDbl(library.LbTotalTime(0).Caption.get()) : Val(length);
-    main.TotalTime.Caption = MinutesSeconds2(static_cast<long>(seconds));
+    main.TotalTime.Caption = TwoDigitMinutes(static_cast<long>(seconds));
   });
   ResumeNext([&] { ShowId3Tag(file); });
   ResumeNext([&] { CheckManea(main.LbFileName(0).Caption); });

@@ -7,6 +7,7 @@
 #include "core/Conversions.h"
 #include "core/DataForm.h"
 #include "core/Program.h"
+#include "core/TimeText.h"
 #include "core/form/RuntimeError.h"
 #include "engines/BassApi.h"
 #include "engines/modSpectrum.h"
@@ -30,14 +31,6 @@ constexpr float kBandWidth = 18;
 constexpr double kBytesPerSliderStep = 100000;
 
 BassApi& Bass() { return program().bass(); }
-
-// "m:ss": minutes without a leading zero, as this engine's clock shows them.
-std::string MinutesSeconds(int seconds) {
-  const int minutes = seconds >= 60 ? seconds / 60 : 0;
-  const int rest = seconds >= 60 ? seconds % 60 : std::max(0, seconds);
-  const std::string ss = (rest < 10 ? "0" : "") + std::to_string(rest);
-  return std::to_string(minutes) + ":" + ss;
-}
 
 int WholeSeconds(DWORD channel, QWORD bytes) {
   return static_cast<int>(std::lround(Bass().BASS_ChannelBytes2Seconds(channel, bytes)));
@@ -190,8 +183,8 @@ void frmBass::Timer1_Timer() {
   ResumeNext([&] { totalSeconds = WholeSeconds(Channel(), static_cast<QWORD>(CDbl(StreamLength.get()))); });
   ResumeNext([&] { playedSeconds = WholeSeconds(Channel(), static_cast<QWORD>(CDbl(Pozitie.get()))); });
   main.TimeCounter.Enabled = false;
-  main.TSec.Caption = MinutesSeconds(playedSeconds);
-  main.TotalTime.Caption = MinutesSeconds(totalSeconds);
+  main.TSec.Caption = OneDigitMinutes(playedSeconds);
+  main.TotalTime.Caption = OneDigitMinutes(totalSeconds);
   main.LbStatus(0).Caption = "Playing";
   RotateTagLine();
   if (playedSeconds >= totalSeconds - 3) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
 
@@ -106,9 +107,9 @@ void WalkFolders() {
 }
 
 constexpr std::array<std::string_view, 28> kDropEndings = {
-    ".mp3", ".wav", ".mpg", ".avi", ".mov", ".wmv", ".mpv", ".mpe", ".mpa", ".qt",
-    ".ogm", ".snd", ".rmi", ".divx", ".wma", ".mpeg", ".cda", ".mp2", ".mp1", ".mid",
-    ".midi", ".vob", ".dat", ".asf", ".m2v", ".mp4", ".flv", ".3gp"};
+    ".mp3",  ".wav", ".mpg", ".avi",  ".mov", ".wmv",  ".mpv", ".mpe", ".mpa", ".qt",
+    ".ogm",  ".snd", ".rmi", ".divx", ".wma", ".mpeg", ".cda", ".mp2", ".mp1", ".mid",
+    ".midi", ".vob", ".dat", ".asf",  ".m2v", ".mp4",  ".flv", ".3gp"};
 
 // The row dropped files go in at: the row under the pointer, within the paths.
 void SetDropRow(double y, int rowHeightPixels) {

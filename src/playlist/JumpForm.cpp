@@ -68,8 +68,8 @@ JumpForm::JumpForm() : Form("JumpForm") {
   Command1.Click = [this] { JumpForm_Command1_Click(); };
   Command2.Click = [this] { JumpForm_Command2_Click(); };
   Activate = [this] { JumpForm_Form_Activate(); };
-  // The host hands the window's keys to the text box, where the focus is
-  // put at every activation.
+  // Keys that reach the window with no control focused are the text box's,
+  // where every activation puts the focus.
   KeyDown = [this](int& keyCode, int shift) { JumpForm_Cautare_KeyDown(keyCode, shift); };
 }
 
@@ -150,7 +150,10 @@ void JumpForm::JumpForm_Command2_Click() { Hide(); }
 
 void JumpForm::JumpForm_Cautare_Click() { Cautare.Text = ""; }
 
-void JumpForm::JumpForm_Form_Activate() { Cautare.Text = ""; }
+void JumpForm::JumpForm_Form_Activate() {
+  Cautare.Text = "";
+  Cautare.SetFocus();
+}
 
 void JumpForm::PlaySelected() {
   auto& p = program();
@@ -167,6 +170,7 @@ void JumpForm::PlaySelected() {
   store.SongNumber = std::to_string(picList.ListIndex());
   ResumeNext([&] { playlist.ScrollBar.Max = picList.ListCount() - 30; });
   ResumeNext([&] { playlist.ScrollBar.Value = picList.TopIndex; });
+  picList.SetFocus();
   Hide();
   ResumeNext([] { ClsMain().Play(); });
   Cautare.Text = "";

@@ -14,7 +14,7 @@ namespace yarvo {
 
 Playlist::Playlist() : Form("Playlist") {
   Caption = "Yarvo Player - Playlist";
-  Move(6600, 1200, 4000, 4530);
+  Move(8700, 1200, 4000, 4530);  // beside Main
   PicList.Move(90, 370, 4000 - 180, 4530 - 850);
   L1.Visible = false;
   L2.Visible = false;

@@ -8,6 +8,7 @@
 #include "core/Conversions.h"
 #include "core/DataForm.h"
 #include "core/Program.h"
+#include "core/TimeText.h"
 #include "core/form/RuntimeError.h"
 #include "engines/frmBass.h"
 #include "playlist/MediaLibrary.h"
@@ -35,13 +36,6 @@ std::vector<std::string> Characters(const std::string& text) {
   return characters;
 }
 
-std::string TwoDigitClock(long seconds) {
-  const long minutes = seconds / 60;
-  const long rest = seconds % 60;
-  return (minutes < 10 ? "0" : "") + std::to_string(minutes) + ":" + (rest < 10 ? "0" : "") +
-         std::to_string(rest);
-}
-
 }  // namespace
 
 void Main::Main_TimerMisc_Timer() { ClsMain().TimerMixF(); }
@@ -50,7 +44,7 @@ void Main::Main_TimeCounter_Timer() {
   auto& p = program();
   ResumeNext([&] {
     const auto seconds = static_cast<long>(CDbl(p.MediaLibrary().LbCurrentTime(0).Caption.get()));
-    TSec.Caption = TwoDigitClock(seconds);
+    TSec.Caption = TwoDigitMinutes(seconds);
   });
   ResumeNext([&] {
     LabelVideo.Caption = LbActualCx(0).Caption != "-1" ? Titlu.Caption.get() + "  " + TSec.Caption.get()

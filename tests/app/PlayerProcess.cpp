@@ -16,6 +16,8 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 ProgramFolder::ProgramFolder() {
+  // What ships beside the executable comes along, as an installation has it.
+  fs::copy(YARVO_SHIPPED_DATA, dir_.Path(), fs::copy_options::recursive);
   fs::create_directories(dir_.Path() / "Data");
   std::error_code error;
   fs::create_hard_link(YARVO_PLAYER_EXE, Exe(), error);

@@ -16,7 +16,7 @@ namespace yarvo::test {
 inline constexpr auto kPatience = std::chrono::seconds(60);
 
 // The program folder is the folder of the executable: (a link to) the
-// binary in a fresh folder.
+// binary and the shipped data in a fresh folder.
 class ProgramFolder {
  public:
   ProgramFolder();

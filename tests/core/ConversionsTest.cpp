@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/Conversions.h"
+#include "core/TimeText.h"
 #include "core/form/RuntimeError.h"
 
 namespace yarvo {
@@ -33,6 +34,20 @@ TEST(Conversions, NumbersWrittenInShortestForm) {
   EXPECT_EQ(Str(0.5), "0.5");
   EXPECT_EQ(Str(-0.0), "0");
   EXPECT_DOUBLE_EQ(CDbl(Str(1.0 / 3.0)), 1.0 / 3.0);
+}
+
+}  // namespace
+}  // namespace yarvo
+
+namespace yarvo {
+namespace {
+
+TEST(TimeText, TheAudioClockHasNoLeadingZeroAndRunsPastAnHour) {
+  for (auto [seconds, text] : {std::pair{0L, "0:00"}, {9L, "0:09"}, {125L, "2:05"}, {3600L, "60:00"}, {-3L, "0:00"}}) {
+    EXPECT_EQ(OneDigitMinutes(seconds), text) << seconds;
+  }
+  EXPECT_EQ(TwoDigitMinutes(0), "00:00");
+  EXPECT_EQ(TwoDigitMinutes(6000), "100:00");
 }
 
 }  // namespace

@@ -100,6 +100,16 @@ TEST_F(AddMedia, A5001stFileWaitsForTheNextFolderAdd) {
   EXPECT_EQ(P().DataForm().Foldere.ListCount(), 0);
 }
 
+TEST_F(AddMedia, AFolderThatLostFilesSinceAnUnfinishedWalkEndsInsteadOfHoldingTheWalk) {
+  Media("shrunk/only.mp3");
+  std::filesystem::create_directories(folder / "empty");
+  P().DataForm().Foldere.AddItem(Root() + "/shrunk");
+  P().DataForm().NrFisier = "4000";  // left by a walk when the folder was larger
+  AddFolder(folder / "empty");
+  EXPECT_EQ(P().DataForm().Foldere.ListCount(), 0);
+  EXPECT_TRUE(Paths().empty());
+}
+
 TEST_F(AddMedia, AFolderWithoutMediaAddsNothingAndKeepsTheList) {
   P().DataForm().ListaCale.AddItem("/m/kept.mp3");
   ListNoChar(P().Playlist().PicList, P().DataForm().ListaCale);
@@ -192,7 +202,7 @@ TEST_P(WalkPattern, MatchesTheNamesTheWalkTakes) {
 INSTANTIATE_TEST_SUITE_P(
     Names, WalkPattern,
     ::testing::Values(PatternCase{"a.mp3", true}, PatternCase{"A.MP3", true},
-                      PatternCase{"xrmi", true},       // "*rmi" has no dot
+                      PatternCase{"xrmi", true},  // "*rmi" has no dot
                       PatternCase{"song.rmi", true}, PatternCase{"movie3gp", true},
                       PatternCase{"clip.m2v", true}, PatternCase{"a.ogg", false},
                       PatternCase{"a.mp3.part", false}, PatternCase{"a.mpeg", true},
@@ -225,8 +235,8 @@ class Drop : public AddMedia {
 TEST_F(Drop, ThreeFilesOnRowZeroStandReversedBeforeTheOldFirstRow) {
   DropAt({"/d/1.mp3", "/d/2.mp3", "/d/3.mp3"}, 0);
   EXPECT_EQ(Titles(), (Strings{"3", "2", "1", "a", "b", "c"}));
-  EXPECT_EQ(Paths(), (Strings{"/d/3.mp3", "/d/2.mp3", "/d/1.mp3", "/m/a.mp3", "/m/b.mp3",
-                              "/m/c.mp3"}));
+  EXPECT_EQ(Paths(),
+            (Strings{"/d/3.mp3", "/d/2.mp3", "/d/1.mp3", "/m/a.mp3", "/m/b.mp3", "/m/c.mp3"}));
   EXPECT_EQ(JumpList(), (Strings{"a", "b", "c"})) << "a drop leaves the Jump list alone";
 }
 
@@ -301,7 +311,7 @@ TEST_P(RowUnderPointer, IsTheShownRowPlusTopIndexAtMostTheLast) {
 // 13-pixel rows; y in twips is rounded to whole pixels first.
 INSTANTIATE_TEST_SUITE_P(Twips, RowUnderPointer,
                          ::testing::Values(RowCase{0, 0, 0}, RowCase{187, 0, 0},  // 12.47 px
-                                           RowCase{188, 0, 1},                     // 12.53 px
+                                           RowCase{188, 0, 1},                    // 12.53 px
                                            RowCase{195, 2, 3}, RowCase{1950, 0, 9},
                                            RowCase{195 * 20, 0, 9}, RowCase{0, 9, 9}));
 

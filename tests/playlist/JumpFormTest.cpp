@@ -82,10 +82,11 @@ TEST_F(Jump, EnterPlaysTheSelectedResultAndHidesTheWindow) {
   EXPECT_EQ(P().Playlist().PicList.ListIndex(), 1);
   EXPECT_FALSE(J().Visible);
   EXPECT_EQ(J().Cautare.Text.get(), "");
+  EXPECT_EQ(P().Playlist().ActiveControl(), &P().Playlist().PicList);
 }
 
 TEST_F(Jump, OfTwoEqualTitlesTheUpperOnePlays) {
-  Type("-twin");
+  Type("twin");  // the pattern "win"
   clock.Advance(500);
   ASSERT_EQ(Results(), (Strings{"twin", "twin"}));
   Key(kDown);
@@ -157,6 +158,7 @@ TEST_F(Jump, CancelHidesAndActivationOrAClickEmptiesTheText) {
   Type("xab");
   J().Activate();
   EXPECT_EQ(J().Cautare.Text.get(), "");
+  EXPECT_EQ(J().ActiveControl(), &J().Cautare);
   Type("xab");
   J().Cautare.Click();
   EXPECT_EQ(J().Cautare.Text.get(), "");
@@ -187,12 +189,16 @@ TEST_P(Characters, AreCutOnUtf8Boundaries) {
   EXPECT_EQ(MidCharacters(c.text, c.first, c.count), c.expected) << c.text;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Texts, Characters,
-    ::testing::Values(MidCase{"xab", 2, 50, "ab"}, MidCase{"x", 2, 50, ""}, MidCase{"", 2, 50, ""},
-                      MidCase{"\xC3\xA9" "ab", 2, 50, "ab"},           // é is one character
-                      MidCase{"x\xC8\x99\xC8\x9B" "a", 2, 2, "\xC8\x99\xC8\x9B"},  // ș ț
-                      MidCase{"0123456789", 2, 3, "123"}));
+INSTANTIATE_TEST_SUITE_P(Texts, Characters,
+                         ::testing::Values(MidCase{"xab", 2, 50, "ab"}, MidCase{"x", 2, 50, ""},
+                                           MidCase{"", 2, 50, ""},
+                                           MidCase{"\xC3\xA9"
+                                                   "ab",
+                                                   2, 50, "ab"},  // é is one character
+                                           MidCase{"x\xC8\x99\xC8\x9B"
+                                                   "a",
+                                                   2, 2, "\xC8\x99\xC8\x9B"},  // ș ț
+                                           MidCase{"0123456789", 2, 3, "123"}));
 
 TEST_F(Jump, ThePatternTakesAtMostFiftyCharacters) {
   Type("x" + std::string(60, 'y'));

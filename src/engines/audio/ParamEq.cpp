@@ -5,6 +5,10 @@
 #include <numbers>
 #include <utility>
 
+#if defined(__SSE__)
+#include <xmmintrin.h>
+#endif
+
 namespace yarvo::audio {
 namespace {
 
@@ -90,6 +94,19 @@ namespace {
 using V4 = float __attribute__((vector_size(16)));
 constexpr std::size_t kMaxPairs = kMaxCascade / 2;
 
+// `in` with its lanes 0 and 1 replaced by the frame at `x`, loaded straight
+// into the register: writing the lanes one by one goes through memory, and the
+// wide load after two narrow stores stalls every frame.
+V4 takeFrame(V4 in, const float* x) noexcept {
+#if defined(__SSE__)
+  return _mm_loadl_pi(in, reinterpret_cast<const __m64*>(x));
+#else
+  in[0] = x[0];
+  in[1] = x[1];
+  return in;
+#endif
+}
+
 struct Wavefront {
   std::array<V4, kMaxPairs> b0{}, b1{}, b2{}, a1{}, a2{}, z1{}, z2{}, in{};
 };
@@ -106,8 +123,7 @@ void runWavefront(Wavefront& w, std::size_t outLane, float* interleaved, std::si
   }
   for (std::size_t f = 0; f < frames; ++f) {
     float* x = interleaved + 2 * f;
-    in[0][0] = x[0];
-    in[0][1] = x[1];
+    in[0] = takeFrame(in[0], x);
     for (std::size_t v = 0; v < Pairs; ++v) {
       y[v] = w.b0[v] * in[v] + z1[v];
       z1[v] = w.b1[v] * in[v] - w.a1[v] * y[v] + z2[v];
@@ -143,6 +159,10 @@ constexpr auto kWavefronts = makeWavefrontTable(std::make_index_sequence<kMaxPai
 // identity, so that this delay does not change with the sliders.
 void ParamEq::cascadeStereo(ParamEq* const* bands, std::size_t count, float* interleaved,
                             std::size_t frames) noexcept {
+  if (restingStereo(bands, count)) {
+    delayStereo(bands, count, interleaved, frames);
+    return;
+  }
   Wavefront w;
   for (std::size_t s = 0; s < count; ++s) {
     ParamEq& band = *bands[s];
@@ -174,6 +194,49 @@ void ParamEq::cascadeStereo(ParamEq* const* bands, std::size_t count, float* int
       band.pipe_[c] = w.in[v][lane + c];
     }
   }
+}
+
+bool ParamEq::restingStereo(ParamEq* const* bands, std::size_t count) noexcept {
+  bool resting = true;
+  for (std::size_t s = 0; s < count; ++s) {
+    ParamEq& band = *bands[s];
+    // Every band takes its new parameters, resting or not.
+    resting = !band.refresh() && band.z1_[0] == 0.0f && band.z1_[1] == 0.0f && band.z2_[0] == 0.0f &&
+              band.z2_[1] == 0.0f && resting;
+  }
+  return resting;
+}
+
+// The wavefront's identity bands pass each frame on one band per frame: the
+// pipe of band s holds the input of s frames ago, and the output is the input
+// of count - 1 frames ago. Only the sign of a zero sample may differ from
+// running the identity filters.
+void ParamEq::delayStereo(ParamEq* const* bands, std::size_t count, float* interleaved,
+                          std::size_t frames) noexcept {
+  const std::size_t delay = count - 1;
+  if (delay == 0 || frames == 0) return;
+  // The input as one history: the pipes, oldest first, then the block.
+  std::array<float, 2 * kMaxCascade> older{};
+  for (std::size_t s = 1; s <= delay; ++s) {
+    for (std::size_t c = 0; c < 2; ++c) older[2 * (delay - s) + c] = bands[s]->pipe_[c];
+  }
+  auto history = [&](std::size_t frame, std::size_t c) {
+    return frame < delay ? older[2 * frame + c] : interleaved[2 * (frame - delay) + c];
+  };
+  std::array<float, 2 * kMaxCascade> pipes{};
+  for (std::size_t s = 1; s <= delay; ++s) {
+    for (std::size_t c = 0; c < 2; ++c) pipes[2 * s + c] = history(delay + frames - s, c);
+  }
+  if (frames > delay) {
+    std::copy_backward(interleaved, interleaved + 2 * (frames - delay), interleaved + 2 * frames);
+  }
+  for (std::size_t k = 0; k < std::min(frames, delay); ++k) {
+    for (std::size_t c = 0; c < 2; ++c) interleaved[2 * k + c] = older[2 * k + c];
+  }
+  for (std::size_t s = 1; s <= delay; ++s) {
+    for (std::size_t c = 0; c < 2; ++c) bands[s]->pipe_[c] = pipes[2 * s + c];
+  }
+  bands[0]->pipe_ = {};
 }
 
 void ParamEq::cascadeAny(ParamEq* const* bands, std::size_t count, float* interleaved,

@@ -39,6 +39,11 @@ private:
   void updateCoefficients() noexcept;
   static void cascadeStereo(ParamEq* const* bands, std::size_t count, float* interleaved,
                             std::size_t frames) noexcept;
+  // Stereo bands all flat with their filters at rest: the cascade is a pure
+  // delay of count - 1 frames, held in the bands' pipes.
+  static bool restingStereo(ParamEq* const* bands, std::size_t count) noexcept;
+  static void delayStereo(ParamEq* const* bands, std::size_t count, float* interleaved,
+                          std::size_t frames) noexcept;
   static void cascadeAny(ParamEq* const* bands, std::size_t count, float* interleaved,
                          std::size_t frames) noexcept;
 

@@ -40,16 +40,31 @@ V4 load4(const float* p) noexcept {
 
 void store4(float* p, V4 v) noexcept { std::memcpy(p, &v, sizeof v); }
 
-float sum4(V4 v) noexcept { return (v[0] + v[1]) + (v[2] + v[3]); }
+using V4i = int __attribute__((vector_size(16)));
+
+// (p0 + p1) + (p2 + p3) and the same of q, with two shuffles for both.
+void sum4Pair(V4 p, V4 q, float& sumP, float& sumQ) noexcept {
+  const V4 pairs = __builtin_shuffle(p, q, V4i{0, 4, 2, 6}) + __builtin_shuffle(p, q, V4i{1, 5, 3, 7});
+  sumP = pairs[0] + pairs[2];
+  sumQ = pairs[1] + pairs[3];
+}
+
+// {v[i] + v[j], v[i] - v[j], ...}: adding a value times -1 is subtracting it,
+// exactly, so each lane sums as the plain formula does.
+V4 butterfly(V4 v, V4i first, V4i second, V4 sign) noexcept {
+  return __builtin_shuffle(v, first) + __builtin_shuffle(v, second) * sign;
+}
 
 // Orthonormal 8-point Walsh-Hadamard transform of lo and hi in place.
 void hadamard(V4& lo, V4& hi) noexcept {
   const V4 a = lo + hi;
   const V4 b = lo - hi;
-  const V4 a2{a[0] + a[2], a[1] + a[3], a[0] - a[2], a[1] - a[3]};
-  const V4 b2{b[0] + b[2], b[1] + b[3], b[0] - b[2], b[1] - b[3]};
-  lo = V4{a2[0] + a2[1], a2[0] - a2[1], a2[2] + a2[3], a2[2] - a2[3]} * kNorm;
-  hi = V4{b2[0] + b2[1], b2[0] - b2[1], b2[2] + b2[3], b2[2] - b2[3]} * kNorm;
+  const V4 outer{1, 1, -1, -1};
+  const V4 inner{1, -1, 1, -1};
+  const V4 a2 = butterfly(a, V4i{0, 1, 0, 1}, V4i{2, 3, 2, 3}, outer);
+  const V4 b2 = butterfly(b, V4i{0, 1, 0, 1}, V4i{2, 3, 2, 3}, outer);
+  lo = butterfly(a2, V4i{0, 0, 2, 2}, V4i{1, 1, 3, 3}, inner) * kNorm;
+  hi = butterfly(b2, V4i{0, 0, 2, 2}, V4i{1, 1, 3, 3}, inner) * kNorm;
 }
 
 }  // namespace
@@ -72,6 +87,8 @@ Reverb::Reverb(int rate, int channels) : rate_(rate), channels_(channels) {
     diffusers_[i].init(static_cast<std::size_t>(std::lround(static_cast<double>(kDiffuserLengths[i]) * scale)));
   shelfCoef_ = 1.0f - std::exp(-2.0f * std::numbers::pi_v<float> * kShelfHz / static_cast<float>(rate));
   wetSmoothing_ = static_cast<float>(1.0 - std::exp(-1.0 / (kWetSmoothingSeconds * rate)));
+  for (const Delay& d : diffusers_) blockFrames_ = std::min(blockFrames_, d.length);
+  blockFrames_ = std::min(blockFrames_, lineLengths_.front());
 }
 
 bool Reverb::setParameters(const void* record) noexcept {
@@ -108,24 +125,43 @@ void Reverb::updateParameters() noexcept {
   }
 }
 
-float Reverb::diffuse(float in, float& earlyLeft, float& earlyRight) noexcept {
-  std::array<float, kDiffusers> stage{};
-  for (std::size_t i = 0; i < kDiffusers; ++i) {
-    Delay& d = diffusers_[i];
-    const float g = kDiffuserGains[i];
-    const float delayed = d.buffer[(cursor_ - d.length) & d.mask];
-    const float w = in + g * delayed;
-    in = delayed - g * w;
-    d.buffer[cursor_ & d.mask] = w;
-    stage[i] = delayed;
+// A Schroeder all-pass over a block no longer than its delay, so that every
+// sample it reads was written before the block began. `delayed` gets what
+// circulates in it.
+void Reverb::allpass(Delay& d, float g, std::size_t frames, float* delayed) noexcept {
+  const std::size_t size = d.mask + 1;
+  for (std::size_t k = 0; k < frames;) {
+    // A run in which neither the reads nor the writes wrap: the delayed
+    // samples are copied out first, so the arithmetic works on three arrays
+    // that do not overlap, four samples at a time.
+    const std::size_t from = (cursor_ + k - d.length) & d.mask;
+    const std::size_t to = (cursor_ + k) & d.mask;
+    const std::size_t run = std::min({frames - k, size - from, size - to});
+    std::copy_n(d.buffer.data() + from, run, delayed + k);
+    const float* __restrict out = delayed + k;
+    float* __restrict x = block_.data() + k;
+    float* __restrict w = d.buffer.data() + to;
+    for (std::size_t j = 0; j < run; ++j) {
+      w[j] = x[j] + g * out[j];
+      x[j] = out[j] - g * w[j];
+    }
+    k += run;
   }
-  // The early reflections: what circulates in the last two diffusers, one
-  // for each side, heard from a few milliseconds after the sound until the
-  // lines return it. Their delayed signal, not their output, which would
-  // also carry part of the sound itself with no delay at all.
-  earlyLeft = stage[2] * kEarlyGain;
-  earlyRight = stage[3] * kEarlyGain;
-  return in;
+}
+
+void Reverb::diffuseBlock(std::size_t frames) noexcept {
+  std::array<float, kMaxBlock> delayed;
+  for (std::size_t i = 0; i < kDiffusers; ++i) {
+    allpass(diffusers_[i], kDiffuserGains[i], frames, delayed.data());
+    // The early reflections: what circulates in the last two diffusers, one
+    // for each side, heard from a few milliseconds after the sound until the
+    // lines return it. Their delayed signal, not their output, which would
+    // also carry part of the sound itself with no delay at all.
+    if (i == 2)
+      for (std::size_t k = 0; k < frames; ++k) earlyLeft_[k] = delayed[k] * kEarlyGain;
+    if (i == 3)
+      for (std::size_t k = 0; k < frames; ++k) earlyRight_[k] = delayed[k] * kEarlyGain;
+  }
 }
 
 void Reverb::process(float* interleaved, std::size_t frames) noexcept {
@@ -136,7 +172,24 @@ void Reverb::process(float* interleaved, std::size_t frames) noexcept {
     if (first) wet_ = wetTarget_;
   }
   const auto chans = static_cast<std::size_t>(channels_);
+  while (frames > 0) {
+    const std::size_t n = std::min(frames, blockFrames_);
+    processBlock(interleaved, n);
+    interleaved += n * chans;
+    frames -= n;
+  }
+}
+
+void Reverb::processBlock(float* interleaved, std::size_t frames) noexcept {
+  const auto chans = static_cast<std::size_t>(channels_);
   const float inScale = inGain_ / static_cast<float>(chans);
+  for (std::size_t k = 0; k < frames; ++k) {
+    float mono = 0.0f;
+    for (std::size_t c = 0; c < chans; ++c) mono += interleaved[k * chans + c];
+    block_[k] = mono * inScale;
+  }
+  diffuseBlock(frames);
+
   // The loop keeps the eight lines' state in four registers.
   V4 shelfLo = load4(shelfState_.data());
   V4 shelfHi = load4(shelfState_.data() + 4);
@@ -152,37 +205,71 @@ void Reverb::process(float* interleaved, std::size_t frames) noexcept {
   const V4 feedLo = V4{kLeftTap[3], kLeftTap[4], kLeftTap[5], kLeftTap[6]};
   const V4 feedHi = V4{kLeftTap[7], kLeftTap[0], kLeftTap[1], kLeftTap[2]};
   const V4 coef = V4{} + shelfCoef_;
+  // Where each line reads the block's first frame; a block is shorter than
+  // every line, so it reads only frames written before it.
+  std::array<std::size_t, kLines> from{};
+  for (std::size_t i = 0; i < kLines; ++i) from[i] = cursor_ - lineLengths_[i];
 
-  for (std::size_t f = 0; f < frames; ++f) {
-    float* frame = interleaved + f * chans;
-    float mono = 0.0f;
-    for (std::size_t c = 0; c < chans; ++c) mono += frame[c];
-    float earlyLeft = 0.0f;
-    float earlyRight = 0.0f;
-    const float in = diffuse(mono * inScale, earlyLeft, earlyRight) * kNorm;
-
-    std::array<float, kLines> read{};
-    for (std::size_t i = 0; i < kLines; ++i) read[i] = ring_[((cursor_ - lineLengths_[i]) & ringMask_) * kLines + i];
-    const V4 outLo = load4(read.data());
-    const V4 outHi = load4(read.data() + 4);
+  for (std::size_t k = 0; k < frames; ++k) {
+    const float in = block_[k] * kNorm;
+    // Built in registers: four narrow stores and a wide load would stall.
+    auto line = [&](std::size_t i) { return ring_[((from[i] + k) & ringMask_) * kLines + i]; };
+    const V4 outLo = V4{line(0), line(1), line(2), line(3)};
+    const V4 outHi = V4{line(4), line(5), line(6), line(7)};
     // Shelf: the low part decays at lowGain, the rest at highGain.
     shelfLo += coef * (outLo - shelfLo);
     shelfHi += coef * (outHi - shelfHi);
     V4 yLo = highLo * outLo + restLo * shelfLo;
     V4 yHi = highHi * outHi + restHi * shelfHi;
-    const float left = sum4(yLo * leftLo + yHi * leftHi) * kNorm + earlyLeft;
-    const float right = sum4(yLo * rightLo + yHi * rightHi) * kNorm + earlyRight;
+    float left = 0.0f;
+    float right = 0.0f;
+    sum4Pair(yLo * leftLo + yHi * leftHi, yLo * rightLo + yHi * rightHi, left, right);
+    wetLeft_[k] = left * kNorm + earlyLeft_[k];
+    wetRight_[k] = right * kNorm + earlyRight_[k];
     hadamard(yLo, yHi);
-    float* write = ring_.data() + (cursor_ & ringMask_) * kLines;
+    float* write = ring_.data() + ((cursor_ + k) & ringMask_) * kLines;
     store4(write, yLo + feedLo * in);
     store4(write + 4, yHi + feedHi * in);
-    ++cursor_;
-
-    wet_ += wetSmoothing_ * (wetTarget_ - wet_);
-    for (std::size_t c = 0; c < chans; ++c) frame[c] += wet_ * ((c % 2 == 0) ? left : right);
   }
+  cursor_ += frames;
   store4(shelfState_.data(), shelfLo);
   store4(shelfState_.data() + 4, shelfHi);
+  if (chans == 2) mixStereo(interleaved, frames);
+  else mixAny(interleaved, frames);
+}
+
+// The wet level lives in a register: the samples are floats too, and a store
+// to them would otherwise reload it every frame. Once a step leaves it where
+// it was, every later step does too: the rest of the block needs no steps,
+// which frees the frames from waiting on each other.
+void Reverb::mixStereo(float* interleaved, std::size_t frames) noexcept {
+  float wet = wet_;
+  const float target = wetTarget_;
+  const float smoothing = wetSmoothing_;
+  std::size_t k = 0;
+  for (bool moving = true; k < frames && moving; ++k) {
+    const float next = wet + smoothing * (target - wet);
+    moving = next != wet;
+    wet = next;
+    interleaved[2 * k] += wet * wetLeft_[k];
+    interleaved[2 * k + 1] += wet * wetRight_[k];
+  }
+  for (; k < frames; ++k) {
+    interleaved[2 * k] += wet * wetLeft_[k];
+    interleaved[2 * k + 1] += wet * wetRight_[k];
+  }
+  wet_ = wet;
+}
+
+void Reverb::mixAny(float* interleaved, std::size_t frames) noexcept {
+  const auto chans = static_cast<std::size_t>(channels_);
+  float wet = wet_;
+  for (std::size_t k = 0; k < frames; ++k) {
+    wet += wetSmoothing_ * (wetTarget_ - wet);
+    for (std::size_t c = 0; c < chans; ++c)
+      interleaved[k * chans + c] += wet * (c % 2 == 0 ? wetLeft_[k] : wetRight_[k]);
+  }
+  wet_ = wet;
 }
 
 }  // namespace yarvo::audio

@@ -43,8 +43,19 @@ private:
     void init(std::size_t samples);
   };
 
+  // Frames processed at once: no more than the shortest diffuser or line,
+  // so that everything a block reads from them was written before it, and
+  // each stage runs over the whole block without waiting on itself.
+  static constexpr std::size_t kMaxBlock = 96;
+
   void updateParameters() noexcept;
-  float diffuse(float in, float& earlyLeft, float& earlyRight) noexcept;
+  void processBlock(float* interleaved, std::size_t frames) noexcept;
+  // The diffusers over block_ in place; the early reflections to earlyLeft_
+  // and earlyRight_.
+  void diffuseBlock(std::size_t frames) noexcept;
+  void allpass(Delay& d, float g, std::size_t frames, float* delayed) noexcept;
+  void mixStereo(float* interleaved, std::size_t frames) noexcept;
+  void mixAny(float* interleaved, std::size_t frames) noexcept;
 
   int rate_;
   int channels_;
@@ -64,6 +75,13 @@ private:
   std::array<std::size_t, kLines> lineLengths_{};
   std::array<Delay, kDiffusers> diffusers_;
   std::size_t cursor_ = 0;
+  std::size_t blockFrames_ = kMaxBlock;
+  // One block's signal on its way through (output thread only).
+  std::array<float, kMaxBlock> block_{};
+  std::array<float, kMaxBlock> earlyLeft_{};
+  std::array<float, kMaxBlock> earlyRight_{};
+  std::array<float, kMaxBlock> wetLeft_{};
+  std::array<float, kMaxBlock> wetRight_{};
   std::array<float, kLines> lowGain_{};
   std::array<float, kLines> highGain_{};
   std::array<float, kLines> shelfState_{};

@@ -52,15 +52,23 @@ void PaintListBox(QPainter& p, const ListBox& list, const QRect& r, const QPalet
   }
 }
 
+// A bar lies along its longer side; the thumb marks the value.
 void PaintSlider(QPainter& p, const Slider& slider, const QRect& r, const QPalette& palette) {
-  const QRect groove(r.left(), r.center().y() - 2, r.width(), 4);
-  p.fillRect(groove, palette.color(QPalette::Mid));
+  const bool vertical = r.height() > r.width();
   const int span = slider.Max - slider.Min;
-  const double at = span == 0 ? 0.0 : double(slider.Value - slider.Min) / span;
-  const int x = r.left() + int(at * (r.width() - 8));
-  p.fillRect(QRect(x, r.top(), 8, r.height()), palette.color(QPalette::Button));
+  const double at = span <= 0 ? 0.0 : double(slider.Value - slider.Min) / span;
+  QRect groove, thumb;
+  if (vertical) {
+    groove = QRect(r.center().x() - 2, r.top(), 4, r.height());
+    thumb = QRect(r.left(), r.top() + int(at * (r.height() - 8)), r.width() - 1, 8);
+  } else {
+    groove = QRect(r.left(), r.center().y() - 2, r.width(), 4);
+    thumb = QRect(r.left() + int(at * (r.width() - 8)), r.top(), 8, r.height() - 1);
+  }
+  p.fillRect(groove, palette.color(QPalette::Mid));
+  p.fillRect(thumb, palette.color(QPalette::Button));
   p.setPen(palette.color(QPalette::Dark));
-  p.drawRect(QRect(x, r.top(), 8, r.height() - 1));
+  p.drawRect(thumb);
 }
 
 void PaintPicture(QPainter& p, const PictureBox& box, const QRect& r, const QPalette& palette) {
@@ -107,6 +115,24 @@ void PaintChoice(QPainter& p, const std::string& caption, bool on, bool round, c
   p.drawText(r.adjusted(18, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, Q(caption));
 }
 
+void PaintControlIn(QPainter& painter, const Control& control, const QRect& r, const QPalette& palette) {
+  if (const auto* label = dynamic_cast<const Label*>(&control)) {
+    PaintLabel(painter, *label, r, palette);
+  } else if (const auto* list = dynamic_cast<const ListBox*>(&control)) {
+    PaintListBox(painter, *list, r, palette);
+  } else if (const auto* slider = dynamic_cast<const Slider*>(&control)) {
+    PaintSlider(painter, *slider, r, palette);
+  } else if (const auto* box = dynamic_cast<const PictureBox*>(&control)) {
+    PaintPicture(painter, *box, r, palette);
+  } else if (const auto* text = dynamic_cast<const TextBox*>(&control)) {
+    PaintTextBox(painter, *text, r, palette);
+  } else if (const auto* check = dynamic_cast<const CheckBox*>(&control)) {
+    PaintChoice(painter, check->Caption, check->Value != 0, false, r, palette);
+  } else if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
+    PaintChoice(painter, option->Caption, option->Value, true, r, palette);
+  }
+}
+
 }  // namespace
 
 QColor ToQColor(unsigned int colour, const QPalette& palette) {
@@ -123,21 +149,11 @@ QColor ToQColor(unsigned int colour, const QPalette& palette) {
 
 void PaintControl(QPainter& painter, const Control& control, const QPalette& palette) {
   const QRect r = PixelRect(control);
-  if (const auto* label = dynamic_cast<const Label*>(&control)) {
-    PaintLabel(painter, *label, r, palette);
-  } else if (const auto* list = dynamic_cast<const ListBox*>(&control)) {
-    PaintListBox(painter, *list, r, palette);
-  } else if (const auto* slider = dynamic_cast<const Slider*>(&control)) {
-    PaintSlider(painter, *slider, r, palette);
-  } else if (const auto* box = dynamic_cast<const PictureBox*>(&control)) {
-    PaintPicture(painter, *box, r, palette);
-  } else if (const auto* text = dynamic_cast<const TextBox*>(&control)) {
-    PaintTextBox(painter, *text, r, palette);
-  } else if (const auto* check = dynamic_cast<const CheckBox*>(&control)) {
-    PaintChoice(painter, check->Caption, check->Value != 0, false, r, palette);
-  } else if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
-    PaintChoice(painter, option->Caption, option->Value, true, r, palette);
-  }
+  // A control never draws outside its own rectangle.
+  painter.save();
+  painter.setClipRect(r);
+  PaintControlIn(painter, control, r, palette);
+  painter.restore();
 }
 
 }  // namespace yarvo

@@ -1,11 +1,18 @@
 #include "platform/qt/FormHost.h"
 
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QUrl>
 
+#include <algorithm>
+#include <optional>
 #include <ranges>
+#include <string>
+#include <vector>
 
 #include "core/form/Form.h"
 #include "core/form/ListBox.h"
@@ -40,10 +47,24 @@ MouseEvent ToMouseEvent(const QMouseEvent& event, const Control* control) {
   return out;
 }
 
+// The dragged data as local paths (UTF-8) in the file manager's order, or
+// nothing when it holds anything but local files.
+std::optional<std::vector<std::string>> LocalFiles(const QMimeData* data) {
+  if (!data || !data->hasUrls()) return std::nullopt;
+  std::vector<std::string> paths;
+  for (const QUrl& url : data->urls()) {
+    if (!url.isLocalFile()) return std::nullopt;
+    paths.push_back(url.toLocalFile().toStdString());
+  }
+  if (paths.empty()) return std::nullopt;
+  return paths;
+}
+
 }  // namespace
 
 FormHost::FormHost(Form& form) : form_(form) {
   setAttribute(Qt::WA_OpaquePaintEvent);
+  setAcceptDrops(true);
   setFocusPolicy(Qt::StrongFocus);
   // Made before the form's Load runs: the window exists (and its video
   // surfaces have native windows) but shows only at the first Sync.
@@ -219,6 +240,46 @@ void FormHost::resizeEvent(QResizeEvent*) {
     form_.Width = ToTwips(width());
     form_.Height = ToTwips(height());
   });
+}
+
+Control* FormHost::FileDropTarget(const QPoint& pixel) const {
+  Control* control = ControlAt(pixel);
+  return control && control->AcceptsFiles && control->FilesDropped ? control : nullptr;
+}
+
+// The drag must be taken at its entry for move events to follow, so entry
+// asks only whether some control of the window takes files; each move then
+// answers for the control under the pointer.
+void FormHost::dragEnterEvent(QDragEnterEvent* event) {
+  const auto& controls = form_.Controls();
+  const bool anyTaker = std::any_of(controls.begin(), controls.end(),
+                                    [](const Control* c) { return c->AcceptsFiles; });
+  if (anyTaker && LocalFiles(event->mimeData())) {
+    event->acceptProposedAction();
+  } else {
+    event->ignore();
+  }
+}
+
+void FormHost::dragMoveEvent(QDragMoveEvent* event) {
+  if (FileDropTarget(event->position().toPoint()) && LocalFiles(event->mimeData())) {
+    event->acceptProposedAction();
+  } else {
+    event->ignore();
+  }
+}
+
+void FormHost::dropEvent(QDropEvent* event) {
+  const QPoint pixel = event->position().toPoint();
+  Control* control = FileDropTarget(pixel);
+  const auto paths = LocalFiles(event->mimeData());
+  if (!control || !paths) {
+    event->ignore();
+    return;
+  }
+  event->acceptProposedAction();
+  const double y = ToTwips(pixel.y()) - control->Top.get();
+  QtEvents::Dispatch([&] { control->FilesDropped(*paths, y); });
 }
 
 }  // namespace yarvo

@@ -35,9 +35,16 @@ class FormHost final : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  // Local files dragged from the file manager drop on a control that
+  // AcceptsFiles; every other drag is refused.
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   Control* ControlAt(const QPoint& pixel) const;
+  // The control under `pixel` that takes dropped files, or null.
+  Control* FileDropTarget(const QPoint& pixel) const;
   void Point(Control& control, const struct MouseEvent& e);
   void SyncWindow();
   // Native child windows for the controls that show video.

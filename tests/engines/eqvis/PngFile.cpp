@@ -13,11 +13,13 @@ namespace yarvo::test {
 namespace {
 
 void PutBigEndian(std::vector<std::uint8_t>& out, std::uint32_t value) {
-  for (int shift = 24; shift >= 0; shift -= 8) out.push_back(static_cast<std::uint8_t>(value >> shift));
+  for (int shift = 24; shift >= 0; shift -= 8)
+    out.push_back(static_cast<std::uint8_t>(value >> shift));
 }
 
 // A chunk: length, type, data, and the CRC of type and data.
-void PutChunk(std::vector<std::uint8_t>& out, const char* type, const std::vector<std::uint8_t>& data) {
+void PutChunk(std::vector<std::uint8_t>& out, const char* type,
+              const std::vector<std::uint8_t>& data) {
   PutBigEndian(out, static_cast<std::uint32_t>(data.size()));
   const std::size_t typeAt = out.size();
   out.insert(out.end(), type, type + 4);

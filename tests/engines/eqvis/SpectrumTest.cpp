@@ -15,6 +15,7 @@
 #include "engines/modSpectrum.h"
 #include "settings/Options.h"
 #include "windows/Main.h"
+#include "windows/MiniForm.h"
 
 namespace yarvo {
 namespace {
@@ -37,7 +38,22 @@ Signal Level(double value, double seconds, int channels = 1) {
 
 class SpectrumTest : public test::RealLibraryFixture {
  protected:
-  void SetUp() override { StartReal(); }
+  void SetUp() override {
+    StartReal();
+    R().DataForm().MiniMode = "False";
+    UseSkin("0", "0", "48", "2", "1.5");
+  }
+
+  // Skin rows 7 to 9 (entry 0) and 11 and 12 (the steps of entries 1 to 127).
+  void UseSkin(const char* red, const char* green, const char* blue, const char* greenStep,
+               const char* blueStep) {
+    auto& skin = R().DataForm().SkinValues;
+    skin.Clear();
+    for (const char* value :
+         {"", "", "", "", "", "", "", red, green, blue, "", greenStep, blueStep}) {
+      skin.AddItem(value);
+    }
+  }
 
   // Plays `signal` in the mode chosen by `option`, and draws `frames` frames
   // by the engine's own timer after half a second of audio.
@@ -194,10 +210,7 @@ INSTANTIATE_TEST_SUITE_P(Levels, OscilloscopeLevel,
                                            LevelCase{-1.0, 39}, LevelCase{0.5, 10}));
 
 TEST_F(SpectrumTest, ThePictureIsUpsideDownThroughTheSkinsPalette) {
-  auto& skin = R().DataForm().SkinValues;
-  for (const char* value : {"", "", "", "", "", "", "", "10", "20", "30", "", "1.5", "0.25"}) {
-    skin.AddItem(value);
-  }
+  UseSkin("10", "20", "30", "1.5", "0.25");
   Draw(Opt().Option11, Level(1.0, 2.0));
   const auto& palette = modSpectrum().palette;
   EXPECT_EQ(palette[0].red, 10);
@@ -219,9 +232,52 @@ TEST_F(SpectrumTest, ThePictureIsUpsideDownThroughTheSkinsPalette) {
       << "the line of +1 at the bottom: entry 1 is 253, 1.5 -> 2, 0.25 -> 0";
 }
 
+TEST_F(SpectrumTest, InMiniModeThePictureGoesToTheMiniWindow) {
+  R().DataForm().MiniMode = "True";
+  Draw(Opt().Option9, sine(BinHz(46), 0.1, 2.0));
+  EXPECT_TRUE(R().Main().Visualisation.Picture.get().Empty());
+  const Image* image = R().MiniForm().Visualisation.Picture.get().Pixels();
+  ASSERT_NE(image, nullptr);
+  EXPECT_EQ(image->width, kSpecWidth);
+}
+
+TEST_F(SpectrumTest, WithTheDisplayOffTheTickStopsItsTimerAndClearsThePicture) {
+  Draw(Opt().Option9, sine(BinHz(46), 0.1, 2.0));
+  ASSERT_FALSE(R().Main().Visualisation.Picture.get().Empty());
+  Opt().Option5.Value = true;
+  clock.Advance(25);
+  EXPECT_TRUE(R().Main().Visualisation.Picture.get().Empty());
+  EXPECT_FALSE(clock.Armed(R().frmBass().tmrSpectrum));
+}
+
+TEST_F(SpectrumTest, NextModeWrapsFromTheOscilloscopeToWaveAndTurnsItsOptionOn) {
+  Opt().Option11.Value = true;
+  modSpectrum().specBuf.fill(7);
+  R().Main().ImgButton1.Click();
+  EXPECT_EQ(modSpectrum().specMode, 0);
+  EXPECT_TRUE(Opt().Option9.Value.get());
+  EXPECT_EQ(Values(), std::set<int>{0}) << "the picture is cleared";
+  R().Main().Visualisation.DblClick();
+  EXPECT_EQ(modSpectrum().specMode, 1);
+  EXPECT_TRUE(Opt().Option8.Value.get());
+}
+
+TEST_F(SpectrumTest, TheModeOutlivesTheEngineForm) {
+  Opt().Option10.Value = true;
+  R().frmBass().StopBass();
+  EXPECT_EQ(modSpectrum().specMode, 2);
+}
+
+TEST_F(SpectrumTest, ASkinWithoutItsLinesGivesABlackBackground) {
+  R().DataForm().SkinValues.Clear();
+  Draw(Opt().Option9, Level(0.0, 1.0));
+  EXPECT_EQ(modSpectrum().palette[0].blue, 0);
+  EXPECT_EQ(modSpectrum().palette[1].red, 253);
+  EXPECT_EQ(modSpectrum().palette[1].green, 0);
+}
+
 TEST_F(SpectrumTest, AGreenStepBeyondAByteLeavesThoseEntriesAsTheyWere) {
-  auto& skin = R().DataForm().SkinValues;
-  for (const char* value : {"", "", "", "", "", "", "", "0", "0", "0", "", "3", "x"}) skin.AddItem(value);
+  UseSkin("0", "0", "0", "3", "x");
   Draw(Opt().Option9, Level(0.0, 1.0));
   const auto& palette = modSpectrum().palette;
   EXPECT_EQ(palette[85].green, 255);

@@ -1,0 +1,157 @@
+// The equalizer's sliders on the channel of the audio engine (the fake
+// library records every effect's parameters), its on/off state and the tool
+// tips that tell the values.
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "engines/frmBass.h"
+#include "settings/Options.h"
+#include "support/ProgramFixture.h"
+#include "windows/Main.h"
+
+namespace yarvo {
+namespace {
+
+class EqualizerTest : public test::ProgramFixture {
+ protected:
+  void SetUp() override {
+    Start();
+    bass.AddFile("/m/a.mp3", 30);
+  }
+
+  void Play() {
+    auto& engine = P().frmBass();
+    engine.FileToPlay.Text = "/m/a.mp3";
+    engine.PLAYtheBass();
+    ASSERT_EQ(bass.PlayingFile(), "/m/a.mp3");
+  }
+
+  float Gain(int band) {
+    return bass.bands.at(P().frmBass().fx[static_cast<std::size_t>(band)]).fGain;
+  }
+  float Mix() { return bass.reverbs.at(P().frmBass().fx[10]).fReverbMix; }
+  Slider& Eq(int b) { return P().Main().sldEQR(b); }
+  std::string Tip(int b) { return Eq(b).ToolTipText; }
+};
+
+struct BandCase {
+  int value;
+  float gain;
+};
+
+class BandGain : public EqualizerTest, public ::testing::WithParamInterface<BandCase> {};
+
+TEST_P(BandGain, ASlidersValueIsHeardAsWholeDecibels) {
+  Play();
+  for (int band : {0, 5, 9}) {
+    SCOPED_TRACE(band);
+    Eq(band).Value = GetParam().value + 1;  // a move, whatever the start
+    Eq(band).Value = GetParam().value;
+    EXPECT_EQ(Gain(band), GetParam().gain);
+    EXPECT_EQ(Tip(band), std::to_string(50 - GetParam().value));
+  }
+  EXPECT_EQ(Gain(3), 0.0f) << "the other bands stay flat";
+}
+
+// v = value / 5 rounded; gain = 10 - v.
+INSTANTIATE_TEST_SUITE_P(Values, BandGain,
+                         ::testing::Values(BandCase{0, 10}, BandCase{100, -10}, BandCase{50, 0},
+                                           BandCase{2, 10}, BandCase{3, 9}, BandCase{47, 1},
+                                           BandCase{53, -1}, BandCase{98, -10}));
+
+TEST_F(EqualizerTest, TheBandsKeepTheirCentresAndWidth) {
+  Play();
+  const float centres[10] = {80, 150, 300, 500, 750, 1000, 3000, 8000, 12000, 15000};
+  for (int b = 0; b < 10; ++b) {
+    SCOPED_TRACE(b);
+    Eq(b).Value = 20;
+    const auto& band = bass.bands.at(P().frmBass().fx[static_cast<std::size_t>(b)]);
+    EXPECT_EQ(band.fCenter, centres[b]);
+    EXPECT_EQ(band.fBandwidth, 18.0f);
+    EXPECT_EQ(band.fGain, 6.0f);
+  }
+}
+
+TEST_F(EqualizerTest, TheReverbFollowsACubeFromDryAtTheBottomToFullAtTheTop) {
+  Play();
+  EXPECT_EQ(Mix(), -96.0f) << "the reverb slider starts at the bottom";
+  Eq(10).Value = 0;
+  EXPECT_EQ(Mix(), 0.0f);
+  EXPECT_EQ(Tip(10), "100");
+  Eq(10).Value = 50;
+  EXPECT_FLOAT_EQ(Mix(), -12.0f);
+  EXPECT_EQ(Tip(10), "50");
+}
+
+TEST_F(EqualizerTest, OffFlattensTheBandsAndLowersTheReverbButKeepsTheSliders) {
+  Play();
+  Eq(2).Value = 0;
+  Eq(10).Value = 0;
+  P().Options().Option13.Value = true;
+  for (int b = 0; b < 10; ++b) {
+    SCOPED_TRACE(b);
+    EXPECT_EQ(Gain(b), 0.0f);
+    EXPECT_EQ(Tip(b), "0");
+  }
+  EXPECT_EQ(Mix(), -12.0f);
+  EXPECT_EQ(Tip(10), "50");
+  EXPECT_EQ(Eq(2).Value.get(), 0);
+
+  Eq(4).Value = 100;
+  EXPECT_EQ(Gain(4), 0.0f) << "while off a move is not heard";
+  EXPECT_EQ(Tip(4), "0");
+
+  P().Options().Option12.Value = true;
+  EXPECT_EQ(Gain(2), 10.0f);
+  EXPECT_EQ(Gain(4), -10.0f);
+  EXPECT_EQ(Mix(), 0.0f);
+  EXPECT_EQ(Tip(4), "-50");
+}
+
+TEST_F(EqualizerTest, TheButtonSwitchesTheEqualizerAndShowsItsState) {
+  Play();
+  Eq(0).Value = 0;
+  auto& main = P().Main();
+  main.ImgButton2.Click();
+  EXPECT_TRUE(P().Options().Option13.Value.get());
+  EXPECT_FALSE(P().Options().Option12.Value.get());
+  EXPECT_EQ(Gain(0), 0.0f);
+  EXPECT_EQ(main.ImgButton2.Picture.get().Source(), folder / "Skins/Default/button2b.bmp");
+  main.ImgButton2.Click();
+  EXPECT_TRUE(P().Options().Option12.Value.get());
+  EXPECT_EQ(Gain(0), 10.0f);
+  EXPECT_EQ(main.ImgButton2.Picture.get().Source(), folder / "Skins/Default/button2.bmp");
+}
+
+TEST_F(EqualizerTest, TheOptionsPageSwitchesThePictureToo) {
+  auto& main = P().Main();
+  P().Options().Option13.Value = true;
+  EXPECT_EQ(main.ImgButton2.Picture.get().Source(), folder / "Skins/Default/button2b.bmp");
+  P().Options().Option12.Value = true;
+  EXPECT_EQ(main.ImgButton2.Picture.get().Source(), folder / "Skins/Default/button2.bmp");
+}
+
+TEST_F(EqualizerTest, AMoveBetweenSongsIsHeardFromTheNextStream) {
+  Eq(7).Value = 0;
+  EXPECT_EQ(Tip(7), "50") << "the tool tip follows at once";
+  EXPECT_TRUE(bass.bands.empty()) << "no channel, no effect";
+  Play();
+  EXPECT_EQ(Gain(7), 10.0f);
+}
+
+TEST_F(EqualizerTest, UpdateEqualizerPushesEverySlider) {
+  Play();
+  auto& main = P().Main();
+  for (int b = 0; b <= 10; ++b) Eq(b).Value = 10 * b;
+  // What the channel has is forgotten; UpdateEqualizer brings it back.
+  for (auto& [handle, band] : bass.bands) band.fGain = 99;
+  for (auto& [handle, reverb] : bass.reverbs) reverb.fReverbMix = 99;
+  main.UpdateEqualizer();
+  for (int b = 0; b < 10; ++b) EXPECT_EQ(Gain(b), static_cast<float>(10 - 2 * b)) << b;
+  EXPECT_EQ(Mix(), -96.0f);
+}
+
+}  // namespace
+}  // namespace yarvo
