@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <numbers>
 #include <vector>
 
 #include "core/DataForm.h"
@@ -71,8 +72,8 @@ void WriteTone(const fs::path& path) {
   Put(out, kFrames * 4, 4);
   for (std::uint32_t i = 0; i < kFrames; ++i) {
     const double t = i / 44100.0;
-    const auto left = static_cast<std::int16_t>(8000 * std::sin(2 * M_PI * 440 * t));
-    const auto right = static_cast<std::int16_t>(8000 * std::sin(2 * M_PI * 3000 * t));
+    const auto left = static_cast<std::int16_t>(8000 * std::sin(2 * std::numbers::pi * 440 * t));
+    const auto right = static_cast<std::int16_t>(8000 * std::sin(2 * std::numbers::pi * 3000 * t));
     Put(out, static_cast<std::uint16_t>(left), 2);
     Put(out, static_cast<std::uint16_t>(right), 2);
   }

@@ -188,6 +188,11 @@ void DrawSpectrum(SpectrumState& state, BassApi& bass, DWORD channel) {
 }
 
 Image SpectrumImage(const SpectrumState& state) {
+  std::array<std::uint32_t, 256> argb{};
+  for (std::size_t i = 0; i < argb.size(); ++i) {
+    const PaletteEntry& c = state.palette[i];
+    argb[i] = 0xFF000000u | std::uint32_t{c.red} << 16 | std::uint32_t{c.green} << 8 | c.blue;
+  }
   Image image;
   image.width = kSpecWidth;
   image.height = kSpecHeight;
@@ -195,10 +200,7 @@ Image SpectrumImage(const SpectrumState& state) {
   for (int y = 0; y < kSpecHeight; ++y) {
     const auto* row = state.specBuf.data() + y * kSpecWidth;
     auto* out = image.argb.data() + (kSpecHeight - 1 - y) * kSpecWidth;
-    for (int x = 0; x < kSpecWidth; ++x) {
-      const PaletteEntry& c = state.palette[row[x]];
-      out[x] = 0xFF000000u | std::uint32_t{c.red} << 16 | std::uint32_t{c.green} << 8 | c.blue;
-    }
+    for (int x = 0; x < kSpecWidth; ++x) out[x] = argb[row[x]];
   }
   return image;
 }

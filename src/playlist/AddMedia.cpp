@@ -184,10 +184,6 @@ int ListRowCalc(const ListBox& pobjLB, double Y, int rowHeightPixels) {
   return row >= pobjLB.ListCount() - 1 ? pobjLB.ListCount() - 1 : row;
 }
 
-int ListRowHeight(const ListBox& list) {
-  return static_cast<int>(std::lround(list.FontSize.get() * 96.0 / 72.0 * 1.2));
-}
-
 int Playlist_PicList_OLEDragDrop(const std::vector<std::string>& files, double y,
                                  int rowHeightPixels) {
   auto& p = program();

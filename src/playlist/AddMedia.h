@@ -53,11 +53,6 @@ int PicList_OLEDragOver(bool holdsFileList);
 // -1 for an empty list. Raises DivisionByZero for a row height of 0.
 int ListRowCalc(const ListBox& pobjLB, double Y, int rowHeightPixels);
 
-// The row height in pixels of a list shown with the host's default spacing:
-// FontSize points at 96 dots per inch, times 1.2 line spacing, rounded
-// (13 pixels for the playlist's 8 points).
-int ListRowHeight(const ListBox& list);
-
 // Dropped paths, in the file manager's order, at `y` twips from the top of
 // Playlist.PicList. Folders are walked; media files are inserted one after
 // the other at the row under the pointer (so they stand reversed) with file

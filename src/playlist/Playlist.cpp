@@ -26,7 +26,7 @@ Playlist::Playlist() : Form("Playlist") {
   PicList.DblClick = [this] { Playlist_PicList_DblClick(); };
   PicList.AcceptsFiles = true;
   PicList.FilesDropped = [this](const std::vector<std::string>& paths, double y) {
-    Playlist_PicList_OLEDragDrop(paths, y, ListRowHeight(PicList));
+    Playlist_PicList_OLEDragDrop(paths, y, PicList.RowHeight());
   };
   // The list is the window's one control that takes keys: the host hands
   // the window's keys to it.

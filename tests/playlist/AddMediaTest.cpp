@@ -319,7 +319,7 @@ TEST_F(AddMedia, ARowOnAnEmptyListIsMinusOneAndARowHeightOfZeroIsAnError) {
   auto& list = P().Playlist().PicList;
   EXPECT_EQ(ListRowCalc(list, 500, 13), -1);
   EXPECT_THROW(ListRowCalc(list, 500, 0), RuntimeError);
-  EXPECT_EQ(ListRowHeight(list), 13) << "8 points";
+  EXPECT_EQ(list.RowHeight(), 13) << "8 points";
 }
 
 }  // namespace

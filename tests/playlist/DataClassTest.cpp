@@ -111,17 +111,5 @@ TEST(LineFile, AWriteThatFailsHalfWayLeavesTheOldFileWhole) {
       << "no temporary file is left behind";
 }
 
-TEST(LineFile, AnUnwritableFolderLeavesTheOldFileWhole) {
-  if (::geteuid() == 0) GTEST_SKIP() << "root writes into read-only folders";
-  TempDir dir;
-  WriteBytes(dir / "data/f", "old\r\n");
-  ASSERT_EQ(::chmod((dir / "data").c_str(), 0500), 0);
-  StringList list;
-  list.AddItem("new");
-  SalveazaData(dir / "data/f", list);
-  ::chmod((dir / "data").c_str(), 0700);
-  EXPECT_EQ(ReadBytes(dir / "data/f"), "old\r\n");
-}
-
 }  // namespace
 }  // namespace yarvo

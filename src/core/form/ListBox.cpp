@@ -1,6 +1,7 @@
 #include "core/form/ListBox.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/form/RuntimeError.h"
 
@@ -14,6 +15,8 @@ void ListBox::SetText(const std::string& text) {
   const auto found = std::find(rows.begin(), rows.end(), text);
   SetListIndex(found == rows.end() ? -1 : static_cast<int>(found - rows.begin()));
 }
+
+int ListBox::RowHeight() const { return static_cast<int>(std::lround(FontSize.get() * 96.0 / 72.0 * 1.2)); }
 
 bool ListBox::Ticked(int row) const {
   return row >= 0 && row < static_cast<int>(ticks_.size()) && ticks_[static_cast<std::size_t>(row)];

@@ -40,7 +40,11 @@ void PaintListBox(QPainter& p, const ListBox& list, const QRect& r, const QPalet
   p.fillRect(r, ToQColor(list.BackColor, palette));
   p.setPen(palette.color(QPalette::Mid));
   p.drawRect(r.adjusted(0, 0, -1, -1));
-  const int rowHeight = p.fontMetrics().height();
+  QFont font = p.font();
+  font.setPixelSize(std::max(1, list.FontSize.get() * 96 / 72));
+  font.setBold(list.FontBold);
+  p.setFont(font);
+  const int rowHeight = list.RowHeight();
   int y = r.top() + 1;
   for (int row = std::max(0, list.TopIndex.get()); row < list.ListCount() && y < r.bottom(); ++row) {
     const QRect line(r.left() + 1, y, r.width() - 2, rowHeight);

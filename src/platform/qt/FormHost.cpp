@@ -184,7 +184,7 @@ void FormHost::Point(Control& control, const MouseEvent& e) {
     slider->SetClamped(slider->Min + share * (slider->Max - slider->Min));
     if (slider->Scroll) slider->Scroll();
   } else if (auto* list = dynamic_cast<ListBox*>(&control)) {
-    const int rowHeight = std::max(1, fontMetrics().height()) * kTwipsPerPixel;
+    const int rowHeight = std::max(1, list->RowHeight()) * kTwipsPerPixel;
     const int row = list->TopIndex + static_cast<int>(e.y) / rowHeight;
     if (row < list->ListCount()) list->SetListIndex(row);
   }
