@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "RealLibraryFixture.h"
+#include "core/DataForm.h"
 #include "engines/frmBass.h"
 #include "settings/Options.h"
 #include "support/ProgramFixture.h"
@@ -151,6 +153,33 @@ TEST_F(EqualizerTest, UpdateEqualizerPushesEverySlider) {
   main.UpdateEqualizer();
   for (int b = 0; b < 10; ++b) EXPECT_EQ(Gain(b), static_cast<float>(10 - 2 * b)) << b;
   EXPECT_EQ(Mix(), -96.0f);
+}
+
+class HeardEqualizerTest : public test::RealLibraryFixture {
+ protected:
+  // Strength of 1 kHz in the next `seconds` of output, the first 0.1 s of
+  // them left out while the filters settle.
+  double Tone(double seconds) {
+    capture_->take();
+    Render(seconds);
+    const std::vector<float> heard = capture_->take();
+    const std::size_t skip = 4410;
+    return audio::test::toneAmplitude(heard, 0, 1000, 44100, skip, heard.size() / 2 - skip);
+  }
+};
+
+TEST_F(HeardEqualizerTest, TheOneKilohertzBandAtTheTopIsHeardTenDecibelsLouderAtOnce) {
+  StartReal();
+  R().Main().Volum.Value = 100;
+  const auto path = media_.file("tone.wav");
+  audio::test::writeWav(path, audio::test::sine(1000, 0.1, 3.0), true);
+  PlayFile(path);
+  const double flat = Tone(0.5);
+  ASSERT_GT(flat, 0.05);
+  R().Main().sldEQR(5).Value = 0;
+  EXPECT_NEAR(audio::test::toDb(Tone(0.5) / flat), 10.0, 0.5);
+  R().Options().Option13.Value = true;
+  EXPECT_NEAR(audio::test::toDb(Tone(0.5) / flat), 0.0, 0.5) << "off is flat again";
 }
 
 }  // namespace
