@@ -10,7 +10,7 @@
 #include "core/TimeText.h"
 #include "core/form/RuntimeError.h"
 #include "engines/BassApi.h"
-#include "engines/modSpectrum.h"
+#include "engines/Visualisation.h"
 #include "platform/ProcessControl.h"
 #include "playlist/AntiManea.h"
 #include "playlist/Id3Module.h"

@@ -125,11 +125,11 @@ DWORD BassLibrary::channelData(Channel& channel, void* buffer, DWORD length) {
   if (buffer == nullptr) return kFailedData;
   const auto chans = static_cast<std::size_t>(channel.channels());
   if (length == BASS_DATA_FFT2048) {
-    if (!spectrum_) spectrum_ = std::make_unique<Spectrum>();
-    scratch_.resize(Spectrum::kSize * chans);
-    channel.recent().newest(scratch_.data(), Spectrum::kSize);
+    if (!spectrum_) spectrum_ = std::make_unique<FftAnalyser>();
+    scratch_.resize(FftAnalyser::kSize * chans);
+    channel.recent().newest(scratch_.data(), FftAnalyser::kSize);
     spectrum_->compute(scratch_.data(), channel.channels(), static_cast<float*>(buffer));
-    return static_cast<DWORD>(Spectrum::kBins * sizeof(float));
+    return static_cast<DWORD>(FftAnalyser::kBins * sizeof(float));
   }
   if ((length & kFftFlag) != 0) return kFailedData;
   const bool asFloat = (length & BASS_DATA_FLOAT) != 0;

@@ -10,7 +10,7 @@
 #include "engines/audio/Bass.h"
 #include "engines/audio/Channel.h"
 #include "engines/audio/Mixer.h"
-#include "engines/audio/Spectrum.h"
+#include "engines/audio/FftAnalyser.h"
 
 #include <memory>
 #include <unordered_map>
@@ -59,7 +59,7 @@ private:
   std::unique_ptr<AudioOutput> output_;
   DWORD nextHandle_ = 1;
   float volume_ = 1.0f;
-  std::unique_ptr<Spectrum> spectrum_;
+  std::unique_ptr<FftAnalyser> spectrum_;
   std::vector<float> scratch_;
 };
 

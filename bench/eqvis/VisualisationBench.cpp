@@ -21,7 +21,7 @@
 #include "engines/BassApi.h"
 #include "engines/audio/AudioOutput.h"
 #include "engines/frmBass.h"
-#include "engines/modSpectrum.h"
+#include "engines/Visualisation.h"
 #include "support/ManualClock.h"
 #include "support/Recorders.h"
 #include "windows/Main.h"

@@ -8,15 +8,15 @@
 
 namespace yarvo::audio {
 
-class Spectrum {
+class FftAnalyser {
 public:
   static constexpr std::size_t kSize = 2048;
   static constexpr std::size_t kBins = kSize / 2;
 
-  Spectrum();
-  ~Spectrum();
-  Spectrum(const Spectrum&) = delete;
-  Spectrum& operator=(const Spectrum&) = delete;
+  FftAnalyser();
+  ~FftAnalyser();
+  FftAnalyser(const FftAnalyser&) = delete;
+  FftAnalyser& operator=(const FftAnalyser&) = delete;
 
   // `interleaved`: kSize frames of `channels` channels. Writes kBins
   // magnitudes of the Hann-windowed mono mix, bin k at k * rate / kSize Hz,

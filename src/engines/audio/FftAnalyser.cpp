@@ -1,4 +1,4 @@
-#include "engines/audio/Spectrum.h"
+#include "engines/audio/FftAnalyser.h"
 
 #include <fftw3.h>
 
@@ -18,11 +18,11 @@ struct PlanDestroy {
 
 // The Hann window has a coherent gain of 1/2, and a real sine puts half its
 // amplitude in the positive bin: 4/N brings a full-scale sine to 1.0.
-constexpr float kScale = 4.0f / static_cast<float>(Spectrum::kSize);
+constexpr float kScale = 4.0f / static_cast<float>(FftAnalyser::kSize);
 
 }  // namespace
 
-struct Spectrum::Impl {
+struct FftAnalyser::Impl {
   std::unique_ptr<float, FftwFree> input{static_cast<float*>(fftwf_malloc(sizeof(float) * kSize))};
   std::unique_ptr<fftwf_complex, FftwFree> output{
       static_cast<fftwf_complex*>(fftwf_malloc(sizeof(fftwf_complex) * (kBins + 1)))};
@@ -38,10 +38,10 @@ struct Spectrum::Impl {
   }
 };
 
-Spectrum::Spectrum() : impl_(std::make_unique<Impl>()) {}
-Spectrum::~Spectrum() = default;
+FftAnalyser::FftAnalyser() : impl_(std::make_unique<Impl>()) {}
+FftAnalyser::~FftAnalyser() = default;
 
-void Spectrum::compute(const float* interleaved, int channels, float* magnitudes) noexcept {
+void FftAnalyser::compute(const float* interleaved, int channels, float* magnitudes) noexcept {
   const auto chans = static_cast<std::size_t>(channels);
   const float share = 1.0f / static_cast<float>(chans);
   float* in = impl_->input.get();

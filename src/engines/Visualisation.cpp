@@ -1,4 +1,4 @@
-#include "engines/modSpectrum.h"
+#include "engines/Visualisation.h"
 
 #include <algorithm>
 #include <cmath>

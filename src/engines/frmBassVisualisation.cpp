@@ -4,7 +4,7 @@
 #include "core/Program.h"
 #include "core/form/RuntimeError.h"
 #include "engines/frmBass.h"
-#include "engines/modSpectrum.h"
+#include "engines/Visualisation.h"
 #include "settings/Options.h"
 #include "windows/Main.h"
 

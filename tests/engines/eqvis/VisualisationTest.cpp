@@ -12,7 +12,7 @@
 #include "PngFile.h"
 #include "RealLibraryFixture.h"
 #include "core/DataForm.h"
-#include "engines/modSpectrum.h"
+#include "engines/Visualisation.h"
 #include "settings/Options.h"
 #include "windows/Main.h"
 #include "windows/MiniForm.h"
@@ -36,7 +36,7 @@ Signal Level(double value, double seconds, int channels = 1) {
   return s;
 }
 
-class SpectrumTest : public test::RealLibraryFixture {
+class VisualisationTest : public test::RealLibraryFixture {
  protected:
   void SetUp() override {
     StartReal();
@@ -97,7 +97,7 @@ class SpectrumTest : public test::RealLibraryFixture {
   int files_ = 0;
 };
 
-TEST_F(SpectrumTest, WaveModeStandsItsTallestColumnOnTheTonesBin) {
+TEST_F(VisualisationTest, WaveModeStandsItsTallestColumnOnTheTonesBin) {
   const auto& s = Draw(Opt().Option9, sine(BinHz(46), 0.1, 2.0));
   ASSERT_EQ(s.specMode, 0);
   int tallest = 0;
@@ -114,7 +114,7 @@ TEST_F(SpectrumTest, WaveModeStandsItsTallestColumnOnTheTonesBin) {
   SavePicture("spectrum-mode0-wave");
 }
 
-TEST_F(SpectrumTest, AnalyzerModeShowsA1kHzToneInBar15Of28) {
+TEST_F(VisualisationTest, AnalyzerModeShowsA1kHzToneInBar15Of28) {
   // Bar 15 ends at bin round(2^(150/27)) = 47 and starts behind bar 14's end,
   // bin round(2^(140/27)) = 36; 1 kHz is bin 46.4.
   const auto& s = Draw(Opt().Option8, sine(1000.0, 0.1, 2.0));
@@ -132,7 +132,7 @@ TEST_F(SpectrumTest, AnalyzerModeShowsA1kHzToneInBar15Of28) {
   SavePicture("spectrum-mode1-analyzer");
 }
 
-TEST_F(SpectrumTest, WaveImageModeWritesOneColumnPerFrameAheadOfItsMarker) {
+TEST_F(VisualisationTest, WaveImageModeWritesOneColumnPerFrameAheadOfItsMarker) {
   const auto& s = Draw(Opt().Option10, sine(BinHz(20), 0.1, 2.0), 3);
   ASSERT_EQ(s.specMode, 2);
   EXPECT_EQ(s.specPos, 3);
@@ -153,7 +153,7 @@ TEST_F(SpectrumTest, WaveImageModeWritesOneColumnPerFrameAheadOfItsMarker) {
   SavePicture("spectrum-mode2-wave-image");
 }
 
-TEST_F(SpectrumTest, SpectrogramCarriesOnFromItsColumnAcrossTheEdge) {
+TEST_F(VisualisationTest, SpectrogramCarriesOnFromItsColumnAcrossTheEdge) {
   modSpectrum().specPos = 179;
   Opt().Option11.Value = true;  // the oscilloscope keeps the mode set by hand
   modSpectrum().specMode = 2;
@@ -169,7 +169,7 @@ TEST_F(SpectrumTest, SpectrogramCarriesOnFromItsColumnAcrossTheEdge) {
   EXPECT_GE(Pixel(179, 19), 200);
 }
 
-TEST_F(SpectrumTest, OscilloscopeDrawsOneLineForMonoAndTwoForStereo) {
+TEST_F(VisualisationTest, OscilloscopeDrawsOneLineForMonoAndTwoForStereo) {
   const auto& mono = Draw(Opt().Option11, sine(441.0, 0.8, 2.0));
   ASSERT_EQ(mono.specMode, 3);
   EXPECT_EQ(Values(), (std::set<int>{0, 1}));
@@ -194,7 +194,7 @@ struct LevelCase {
   int row;
 };
 
-class OscilloscopeLevel : public SpectrumTest, public ::testing::WithParamInterface<LevelCase> {};
+class OscilloscopeLevel : public VisualisationTest, public ::testing::WithParamInterface<LevelCase> {};
 
 TEST_P(OscilloscopeLevel, AConstantLevelIsAFlatLineOnItsRow) {
   Draw(Opt().Option11, Level(GetParam().level, 2.0));
@@ -209,7 +209,7 @@ INSTANTIATE_TEST_SUITE_P(Levels, OscilloscopeLevel,
                          ::testing::Values(LevelCase{0.0, 20}, LevelCase{1.0, 0},
                                            LevelCase{-1.0, 39}, LevelCase{0.5, 10}));
 
-TEST_F(SpectrumTest, ThePictureIsUpsideDownThroughTheSkinsPalette) {
+TEST_F(VisualisationTest, ThePictureIsUpsideDownThroughTheSkinsPalette) {
   UseSkin("10", "20", "30", "1.5", "0.25");
   Draw(Opt().Option11, Level(1.0, 2.0));
   const auto& palette = modSpectrum().palette;
@@ -232,7 +232,7 @@ TEST_F(SpectrumTest, ThePictureIsUpsideDownThroughTheSkinsPalette) {
       << "the line of +1 at the bottom: entry 1 is 253, 1.5 -> 2, 0.25 -> 0";
 }
 
-TEST_F(SpectrumTest, InMiniModeThePictureGoesToTheMiniWindow) {
+TEST_F(VisualisationTest, InMiniModeThePictureGoesToTheMiniWindow) {
   R().DataForm().MiniMode = "True";
   Draw(Opt().Option9, sine(BinHz(46), 0.1, 2.0));
   EXPECT_TRUE(R().Main().Visualisation.Picture.get().Empty());
@@ -241,7 +241,7 @@ TEST_F(SpectrumTest, InMiniModeThePictureGoesToTheMiniWindow) {
   EXPECT_EQ(image->width, kSpecWidth);
 }
 
-TEST_F(SpectrumTest, WithTheDisplayOffTheTickStopsItsTimerAndClearsThePicture) {
+TEST_F(VisualisationTest, WithTheDisplayOffTheTickStopsItsTimerAndClearsThePicture) {
   Draw(Opt().Option9, sine(BinHz(46), 0.1, 2.0));
   ASSERT_FALSE(R().Main().Visualisation.Picture.get().Empty());
   Opt().Option5.Value = true;
@@ -250,7 +250,7 @@ TEST_F(SpectrumTest, WithTheDisplayOffTheTickStopsItsTimerAndClearsThePicture) {
   EXPECT_FALSE(clock.Armed(R().frmBass().tmrSpectrum));
 }
 
-TEST_F(SpectrumTest, NextModeWrapsFromTheOscilloscopeToWaveAndTurnsItsOptionOn) {
+TEST_F(VisualisationTest, NextModeWrapsFromTheOscilloscopeToWaveAndTurnsItsOptionOn) {
   Opt().Option11.Value = true;
   modSpectrum().specBuf.fill(7);
   R().Main().ImgButton1.Click();
@@ -262,13 +262,13 @@ TEST_F(SpectrumTest, NextModeWrapsFromTheOscilloscopeToWaveAndTurnsItsOptionOn) 
   EXPECT_TRUE(Opt().Option8.Value.get());
 }
 
-TEST_F(SpectrumTest, TheModeOutlivesTheEngineForm) {
+TEST_F(VisualisationTest, TheModeOutlivesTheEngineForm) {
   Opt().Option10.Value = true;
   R().frmBass().StopBass();
   EXPECT_EQ(modSpectrum().specMode, 2);
 }
 
-TEST_F(SpectrumTest, ASkinWithoutItsLinesGivesABlackBackground) {
+TEST_F(VisualisationTest, ASkinWithoutItsLinesGivesABlackBackground) {
   R().DataForm().SkinValues.Clear();
   Draw(Opt().Option9, Level(0.0, 1.0));
   EXPECT_EQ(modSpectrum().palette[0].blue, 0);
@@ -276,7 +276,7 @@ TEST_F(SpectrumTest, ASkinWithoutItsLinesGivesABlackBackground) {
   EXPECT_EQ(modSpectrum().palette[1].green, 0);
 }
 
-TEST_F(SpectrumTest, AGreenStepBeyondAByteLeavesThoseEntriesAsTheyWere) {
+TEST_F(VisualisationTest, AGreenStepBeyondAByteLeavesThoseEntriesAsTheyWere) {
   UseSkin("0", "0", "0", "3", "x");
   Draw(Opt().Option9, Level(0.0, 1.0));
   const auto& palette = modSpectrum().palette;
