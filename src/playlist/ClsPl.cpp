@@ -114,7 +114,8 @@ void SetJumpList() {
   auto& lista = p.JumpForm().Lista;
   const std::string file = p.DataForm().ProgramPath("/Data/playlist.data");
   ResumeNext([&] { lista.Clear(); });
-  ResumeNext([&] { SalveazaData(file, p.Playlist().PicList); });
+  // The file is only the way across: it is written again at every refresh.
+  ResumeNext([&] { SalveazaData(file, p.Playlist().PicList, Durability::Cache); });
   ResumeNext([&] { IncarcaData(file, lista); });
 }
 

@@ -12,13 +12,13 @@ void IncarcaData(const std::string& TheFile, StringList& TheListBox) {
   SplitLines(*bytes, [&](std::string row) { TheListBox.AddItem(std::move(row)); });
 }
 
-void SalveazaData(const std::string& TheFile, const StringList& TheListBox) {
+void SalveazaData(const std::string& TheFile, const StringList& TheListBox, Durability durability) {
   std::string bytes;
   for (int i = 0; i < TheListBox.ListCount(); ++i) {
     bytes += TheListBox.List(i);
     bytes += "\r\n";
   }
-  WriteFileAtomically(TheFile, bytes);
+  WriteFileAtomically(TheFile, bytes, durability);
 }
 
 }  // namespace yarvo

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "core/Conversions.h"
+#include "platform/Files.h"
 
 namespace yarvo {
 
@@ -22,7 +23,8 @@ void IncarcaData(const std::string& TheFile, StringList& TheListBox);
 
 // Replaces `TheFile` with the rows of `TheListBox`. A write that fails leaves
 // the old file whole (see WriteFileAtomically) and is not reported.
-void SalveazaData(const std::string& TheFile, const StringList& TheListBox);
+void SalveazaData(const std::string& TheFile, const StringList& TheListBox,
+                  Durability durability = Durability::Disk);
 
 // The reader's rule on bytes already read: calls `row` for each row.
 template <class RowSink>

@@ -92,8 +92,7 @@ void FileNameToID3() {
       // A row whose tag repeats the title of the row retitled just before it
       // keeps its own text.
       if (names.artist.empty() || names.title.empty() || names.title == lastTitle) return;
-      picList.RemoveItem(row);
-      picList.AddItem(TagTitle(names), row);
+      picList.SetList(row, TagTitle(names));  // the row's text replaced in place
       lastTitle = names.title;
     });
   }
