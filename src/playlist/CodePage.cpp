@@ -154,7 +154,16 @@ std::optional<CodePage> codePageFromName(std::string_view name) noexcept {
 std::string codePageToUtf8(std::string_view bytes, CodePage page) {
   std::string out;
   out.reserve(bytes.size() * 2);
-  for (char byte : bytes) appendUtf8(out, characterOf(static_cast<unsigned char>(byte), page));
+  for (std::size_t i = 0; i < bytes.size();) {
+    // The lower half is ASCII in every one of these code pages and in UTF-8:
+    // it goes across in runs.
+    std::size_t ascii = i;
+    while (ascii < bytes.size() && static_cast<unsigned char>(bytes[ascii]) < 0x80) ++ascii;
+    out.append(bytes.substr(i, ascii - i));
+    if (ascii == bytes.size()) break;
+    appendUtf8(out, characterOf(static_cast<unsigned char>(bytes[ascii]), page));
+    i = ascii + 1;
+  }
   return out;
 }
 
