@@ -29,7 +29,7 @@ using namespace yarvo;
 // Renders only when told to; not real-time, so the channel waits for its
 // decoder rather than skipping.
 class DrivenOutput final : public audio::AudioOutput {
-public:
+ public:
   int rate() const noexcept override { return 44100; }
   bool realTime() const noexcept override { return false; }
   bool start(audio::AudioSource& source) override {
@@ -39,7 +39,7 @@ public:
   void stop() noexcept override {}
   void pump(float* buffer, std::size_t frames) { source_->render(buffer, frames); }
 
-private:
+ private:
   audio::AudioSource* source_ = nullptr;
 };
 
@@ -63,7 +63,8 @@ double childCpu(std::vector<std::string> argv) {
   if (posix_spawnp(&pid, args[0], nullptr, nullptr, args.data(), environ) != 0) return -1.0;
   int status = 0;
   rusage usage{};
-  if (wait4(pid, &status, 0, &usage) != pid || !WIFEXITED(status) || WEXITSTATUS(status) != 0) return -1.0;
+  if (wait4(pid, &status, 0, &usage) != pid || !WIFEXITED(status) || WEXITSTATUS(status) != 0)
+    return -1.0;
   return cpuSeconds(usage);
 }
 
@@ -136,7 +137,8 @@ int main(int argc, char** argv) {
   }
   std::printf("audio:                 %.1f s of 128 kbit/s MP3, 44.1 kHz stereo\n", audioSeconds);
   std::printf("mpg123 -t (CPU):       %.3f s\n", mpg123);
-  std::printf("pipeline (CPU):        %.3f s  (decode + 10 bands + reverb + FFT every 25 ms)\n", ours);
+  std::printf("pipeline (CPU):        %.3f s  (decode + 10 bands + reverb + FFT every 25 ms)\n",
+              ours);
   std::printf("ratio pipeline/mpg123: %.2f  (target <= 1.5)\n", ours / mpg123);
   std::printf("speed:                 %.0f x real time\n", audioSeconds / ours);
   return 0;

@@ -42,8 +42,8 @@ struct TaggedFiles {
       tag.Title = "Song number " + std::to_string(i);
       const auto bytes = id3TagBytes(tag);
       const fs::path path = folder / ("track " + std::to_string(i) + ".mp3");
-      std::ofstream(path, std::ios::binary) << std::string(4096, '\x55')
-                                            << std::string(bytes.begin(), bytes.end());
+      std::ofstream(path, std::ios::binary)
+          << std::string(4096, '\x55') << std::string(bytes.begin(), bytes.end());
       paths.push_back(path.string());
     }
   }

@@ -31,8 +31,10 @@ namespace {
 // The endings that the audio engine plays; everything else goes to the media
 // service. Only the last four characters count, in lower case.
 bool IsBassFile(const std::string& file) {
-  static constexpr std::array<std::string_view, 5> kBassEndings = {".mp3", ".wav", ".mp2", ".mp1", ".ogg"};
-  const std::string ending = LCase(file.size() >= 4 ? std::string_view(file).substr(file.size() - 4) : file);
+  static constexpr std::array<std::string_view, 5> kBassEndings = {".mp3", ".wav", ".mp2", ".mp1",
+                                                                   ".ogg"};
+  const std::string ending =
+      LCase(file.size() >= 4 ? std::string_view(file).substr(file.size() - 4) : file);
   for (auto known : kBassEndings) {
     if (ending == known) return true;
   }
@@ -104,10 +106,15 @@ void ClsMain::PlayWithMci() {
     ShowMciResult(mciResult);
   });
   if (mciResult == "Success") {
-    ResumeNext([&] { main.LbActualCx(0).Caption = std::to_string(MciWhereDestination(mciAlias, "cx")); });
-    ResumeNext([&] { main.LbActualCy(0).Caption = std::to_string(MciWhereDestination(mciAlias, "cy")); });
-    ResumeNext([&] { library.LbFramesPerSecond(0).Caption = std::to_string(MciFramesPerSecond(mciAlias)); });
-    ResumeNext([&] { library.LbTotalFrames(0).Caption = std::to_string(MciLengthFrames(mciAlias)); });
+    ResumeNext(
+        [&] { main.LbActualCx(0).Caption = std::to_string(MciWhereDestination(mciAlias, "cx")); });
+    ResumeNext(
+        [&] { main.LbActualCy(0).Caption = std::to_string(MciWhereDestination(mciAlias, "cy")); });
+    ResumeNext([&] {
+      library.LbFramesPerSecond(0).Caption = std::to_string(MciFramesPerSecond(mciAlias));
+    });
+    ResumeNext(
+        [&] { library.LbTotalFrames(0).Caption = std::to_string(MciLengthFrames(mciAlias)); });
     ResumeNext([&] { library.LbTotalTime(0).Caption = Str(MciLengthMs(mciAlias) / 1000.0); });
     ResumeNext([&] { main.LbCurrentRate(0).Caption = std::to_string(MciSpeed(mciAlias)) + " %"; });
     ResumeNext([&] {
@@ -137,7 +144,8 @@ void ClsMain::PlayWithMci() {
   ResumeNext([&] { main.TimeCounter.Enabled = true; });
   ResumeNext([&] {
     const std::string& length = main.labLength.Caption;
-    const double seconds = length.empty() ? CDbl(library.LbTotalTime(0).Caption.get()) : Val(length);
+    const double seconds =
+        length.empty() ? CDbl(library.LbTotalTime(0).Caption.get()) : Val(length);
     main.TotalTime.Caption = TwoDigitMinutes(static_cast<long>(seconds));
   });
   ResumeNext([&] { ShowId3Tag(file); });
@@ -154,13 +162,16 @@ void ClsMain::LayOutForMedia() {
     ResumeNext([&] { main.ResizeArea.Visible = true; });
     ResumeNext([&] { main.MainFrame(1).Visible = false; });
     ResumeNext([&] { main.FrameVideo(0).Visible = true; });
-    ResumeNext([&] { main.LabelVideo.Caption = main.Titlu.Caption.get() + "  " + main.TSec.Caption.get(); });
+    ResumeNext([&] {
+      main.LabelVideo.Caption = main.Titlu.Caption.get() + "  " + main.TSec.Caption.get();
+    });
     ResumeNext([&] {
       main.Height = static_cast<int>(CDbl(p.DataForm().VideoSizeHeight2.get()));
       main.Width = static_cast<int>(CDbl(p.DataForm().VideoSizeWidth2.get()));
     });
-    for (Control* shown : {static_cast<Control*>(&main.Image3), static_cast<Control*>(&main.Image4),
-                           static_cast<Control*>(&main.InfoLabel), static_cast<Control*>(&main.PlaylistLabel)}) {
+    for (Control* shown :
+         {static_cast<Control*>(&main.Image3), static_cast<Control*>(&main.Image4),
+          static_cast<Control*>(&main.InfoLabel), static_cast<Control*>(&main.PlaylistLabel)}) {
       shown->Visible = true;
     }
     ResumeNext([&] { main.Logo.Top = main.Height - 650; });
@@ -180,8 +191,9 @@ void ClsMain::LayOutForMedia() {
 void ClsMain::MciFailed() {
   auto& p = program();
   const std::string file = p.Main().LbFileName(0).Caption;
-  p.desktop().MsgBox("Sorry, Yarvo Player could not play this file. Doctor Yarvo will try to fix that",
-                     "Yarvo Player");
+  p.desktop().MsgBox(
+      "Sorry, Yarvo Player could not play this file. Doctor Yarvo will try to fix that",
+      "Yarvo Player");
   ResumeNext([&] { DoctorYarvo().Repair(file); });
 }
 
@@ -227,9 +239,9 @@ void ClsMain::SStop() {
   // With nothing open the close fails, and labels and timers stay as they were.
   if (mciResult != "Success") return;
   main.TimerMisc(0).Enabled = false;
-  for (auto* label : {&main.LbCurrPos(0), &main.LbProgress(0), &main.LbStatus(0), &main.LbActualCx(0),
-                      &main.LbActualCy(0), &main.LbCurrentCx(0), &main.LbCurrentCy(0),
-                      &main.LbCurrentRate(0)}) {
+  for (auto* label :
+       {&main.LbCurrPos(0), &main.LbProgress(0), &main.LbStatus(0), &main.LbActualCx(0),
+        &main.LbActualCy(0), &main.LbCurrentCx(0), &main.LbCurrentCy(0), &main.LbCurrentRate(0)}) {
     label->Caption = "";
   }
   slider.Value = 0;
@@ -254,7 +266,8 @@ void ClsMain::GetMP3Inf() {
 }
 
 void ClsMain::SetCDState(bool open) {
-  ResumeNext([open] { mciSendString(open ? "Set CDAudio Door Open" : "Set CDAudio Door Closed", {}); });
+  ResumeNext(
+      [open] { mciSendString(open ? "Set CDAudio Door Open" : "Set CDAudio Door Closed", {}); });
 }
 
 }  // namespace yarvo

@@ -17,7 +17,7 @@ class ClsMain {
   [[noreturn]] void CloseYarvo();  // saves all state and ends the process
   void IncarcaSetari();            // settings.ini and the files read with it
   void SalveazaSetari();
-  void IncarcaValoriAsociere();    // the association ticks
+  void IncarcaValoriAsociere();  // the association ticks
   void SalveazaValoriAsociere();
 
   // Playing: the file comes from the store (ListaCale's cursor when

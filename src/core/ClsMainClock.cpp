@@ -28,7 +28,8 @@ void ClsMain::TimerMixF() {
   auto& main = p.Main();
   ResumeNext([&] { main.LbCurrPos(0).Caption = std::to_string(MciPosition(mciAlias)); });
   ResumeNext([&] {
-    p.MediaLibrary().LbCurrentTime(0).Caption = Str(CDbl(main.LbCurrPos(0).Caption.get()) / FramesPerSecond());
+    p.MediaLibrary().LbCurrentTime(0).Caption =
+        Str(CDbl(main.LbCurrPos(0).Caption.get()) / FramesPerSecond());
   });
   // While the user holds the seek bar, thumb, percent and the end are left alone.
   if (main.StartMoveSlider.Caption != "False") return;

@@ -35,7 +35,8 @@ bool TagTitleMode() {
 // case of its letters. "" when there is none.
 std::string EntryAsStored(const std::string& folder, const std::string& name) {
   std::error_code error;
-  if (std::filesystem::exists(std::filesystem::path(folder.empty() ? "/" : folder) / name, error)) return name;
+  if (std::filesystem::exists(std::filesystem::path(folder.empty() ? "/" : folder) / name, error))
+    return name;
   DIR* dir = ::opendir(folder.empty() ? "/" : folder.c_str());
   if (!dir) return {};
   std::string found;
@@ -43,7 +44,8 @@ std::string EntryAsStored(const std::string& folder, const std::string& name) {
     const std::string candidate = entry->d_name;
     if (candidate.size() == name.size() &&
         std::equal(candidate.begin(), candidate.end(), name.begin(), [](char a, char b) {
-          return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+          return std::tolower(static_cast<unsigned char>(a)) ==
+                 std::tolower(static_cast<unsigned char>(b));
         })) {
       found = candidate;
       break;

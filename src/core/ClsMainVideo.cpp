@@ -29,9 +29,10 @@ void ApplyLayout(bool full) {
     main.Width = 6100;
     main.Height = full ? 3530 : 2000;
   });
-  for (Control* part : {static_cast<Control*>(&main.Image3), static_cast<Control*>(&main.Image4),
-                        static_cast<Control*>(&main.InfoLabel), static_cast<Control*>(&main.PlaylistLabel),
-                        static_cast<Control*>(&main.Logo)}) {
+  for (Control* part :
+       {static_cast<Control*>(&main.Image3), static_cast<Control*>(&main.Image4),
+        static_cast<Control*>(&main.InfoLabel), static_cast<Control*>(&main.PlaylistLabel),
+        static_cast<Control*>(&main.Logo)}) {
     part->Visible = full;
   }
   main.RightFrame.Height = full ? 2295 : 1260;
@@ -74,7 +75,8 @@ void ClsMain::SwitchToFullScreen() {
     main.FullScreenSec.Caption = "0";
     main.FullScreenTimer.Enabled = true;
     main.RightFrame.Visible = false;
-    for (Control* slider : {static_cast<Control*>(&main.SliderMoveMultimedia(0)), static_cast<Control*>(&main.Volum)}) {
+    for (Control* slider : {static_cast<Control*>(&main.SliderMoveMultimedia(0)),
+                            static_cast<Control*>(&main.Volum)}) {
       slider->Top = 300;
       slider->Left = slider->Left + 10;
     }
@@ -93,7 +95,8 @@ void ClsMain::SwitchToFullScreen() {
   main.AlwaysOnTop = false;
   main.FullScreenTimer.Enabled = false;
   main.RightFrame.Visible = true;
-  for (Control* slider : {static_cast<Control*>(&main.SliderMoveMultimedia(0)), static_cast<Control*>(&main.Volum)}) {
+  for (Control* slider :
+       {static_cast<Control*>(&main.SliderMoveMultimedia(0)), static_cast<Control*>(&main.Volum)}) {
     slider->Visible = true;
     slider->Left = slider->Left - 10;
   }

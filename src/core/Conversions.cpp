@@ -85,7 +85,8 @@ std::string UCase(std::string_view text) {
 
 std::string RTrim(std::string_view text) {
   const auto last = text.find_last_not_of(' ');
-  return std::string(last == std::string_view::npos ? std::string_view{} : text.substr(0, last + 1));
+  return std::string(last == std::string_view::npos ? std::string_view{}
+                                                    : text.substr(0, last + 1));
 }
 
 }  // namespace yarvo

@@ -42,18 +42,18 @@ class DataForm : public Form {
   StringField NrFisier{"0"};    // next row of File1 during a folder walk
   StringField AddToIndex{"0"};  // row that dropped files go in at
 
-  StringList ListaCale;        // paths, row for row with Playlist.PicList
-  StringList ListaProgramate;  // queued titles, oldest first
-  StringList ListaClasament;   // image of Data/top.data
-  StringList MSettings;        // image of settings.ini
-  StringList SkinSettings;     // lines of the skin's skin.ini
-  StringList SkinValues;       // value parts of those lines
-  StringList KeyboardSettings; // image of Data/keyboard.data
-  StringList LangList;         // lines of the language file
-  StringList CaleYarvoPlayer;  // the program folder: one row, selected
-  StringList Foldere;          // folders still to walk
-  StringList ListaManelisti;   // blocked names
-  StringList lstFoundWords;    // hits of one blocked name
+  StringList ListaCale;                  // paths, row for row with Playlist.PicList
+  StringList ListaProgramate;            // queued titles, oldest first
+  StringList ListaClasament;             // image of Data/top.data
+  StringList MSettings;                  // image of settings.ini
+  StringList SkinSettings;               // lines of the skin's skin.ini
+  StringList SkinValues;                 // value parts of those lines
+  StringList KeyboardSettings;           // image of Data/keyboard.data
+  StringList LangList;                   // lines of the language file
+  StringList CaleYarvoPlayer;            // the program folder: one row, selected
+  StringList Foldere;                    // folders still to walk
+  StringList ListaManelisti;             // blocked names
+  StringList lstFoundWords;              // hits of one blocked name
   FileListBox File1{kMediaFilePattern};  // files of the folder being walked
 
   TextBox CuvinteCheieManele{this, "CuvinteCheieManele"};

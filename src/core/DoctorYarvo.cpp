@@ -46,7 +46,8 @@ bool StartsWith(std::string_view bytes, std::string_view magic, std::size_t at =
 // The kind of media the first bytes announce, or "" for none we know.
 std::string MediaKind(std::string_view b) {
   if (StartsWith(b, "ID3")) return "an MP3 file";
-  if (b.size() >= 2 && static_cast<unsigned char>(b[0]) == 0xFF && (static_cast<unsigned char>(b[1]) & 0xE0) == 0xE0)
+  if (b.size() >= 2 && static_cast<unsigned char>(b[0]) == 0xFF &&
+      (static_cast<unsigned char>(b[1]) & 0xE0) == 0xE0)
     return "an MPEG audio file";
   if (StartsWith(b, "RIFF") && StartsWith(b, "WAVE", 8)) return "a WAV file";
   if (StartsWith(b, "RIFF") && StartsWith(b, "AVI ", 8)) return "an AVI video";
@@ -65,9 +66,7 @@ std::string MediaKind(std::string_view b) {
   return {};
 }
 
-bool IsWebAddress(const std::string& path) {
-  return path.find("://") != std::string::npos;
-}
+bool IsWebAddress(const std::string& path) { return path.find("://") != std::string::npos; }
 
 }  // namespace
 
@@ -75,30 +74,37 @@ std::string DoctorYarvo::Diagnose(const std::string& path) {
   if (path.empty()) return "No file was given to play.";
   const std::string quoted = "\"" + path + "\"";
   if (IsWebAddress(path)) {
-    return quoted + " is a web address. Yarvo Player plays files on this computer: download it first, "
-                    "then open the downloaded file.";
+    return quoted +
+           " is a web address. Yarvo Player plays files on this computer: download it first, "
+           "then open the downloaded file.";
   }
   std::error_code error;
   const auto status = fs::status(path, error);
   if (!fs::exists(status)) {
-    return "The file " + quoted + " does not exist. It may have been moved, renamed or deleted; "
+    return "The file " + quoted +
+           " does not exist. It may have been moved, renamed or deleted; "
            "remove it from the playlist or add it again from its new place.";
   }
   if (fs::is_directory(status)) {
-    return quoted + " is a folder, not a file. Use \"Add folder\" to put the media it holds on the playlist.";
+    return quoted +
+           " is a folder, not a file. Use \"Add folder\" to put the media it holds on the "
+           "playlist.";
   }
   const Head head = ReadHead(path);
   if (head.error != 0) {
     return "Yarvo Player may not read " + quoted + " (" + std::strerror(head.error) +
            "). Check the file's permissions.";
   }
-  if (head.bytes.empty()) return "The file " + quoted + " is empty (0 bytes): there is nothing in it to play.";
+  if (head.bytes.empty())
+    return "The file " + quoted + " is empty (0 bytes): there is nothing in it to play.";
   const std::string kind = MediaKind(head.bytes);
   if (!kind.empty()) {
-    return quoted + " looks like " + kind + ", but it could not be played. It may be damaged or cut short, "
+    return quoted + " looks like " + kind +
+           ", but it could not be played. It may be damaged or cut short, "
            "or it needs a decoder this computer does not have.";
   }
-  return quoted + " does not look like a media file that Yarvo Player knows. It may be another kind of "
+  return quoted +
+         " does not look like a media file that Yarvo Player knows. It may be another kind of "
          "file with a media name.";
 }
 

@@ -91,11 +91,11 @@ void Program::End(int exitCode) { throw ProcessEnd{exitCode}; }
 
 std::vector<Form*> Program::LoadedForms() const {
   std::vector<Form*> loaded;
-  for (Form* form : std::initializer_list<Form*>{forms_->dataForm.Loaded(), forms_->main.Loaded(), forms_->playlist.Loaded(),
-                     forms_->formMeniuri.Loaded(), forms_->options.Loaded(),
-                     forms_->mediaLibrary.Loaded(), forms_->jumpForm.Loaded(),
-                     forms_->frmBass.Loaded(), forms_->miniForm.Loaded(),
-                     forms_->formPreset.Loaded()}) {
+  for (Form* form : std::initializer_list<Form*>{
+           forms_->dataForm.Loaded(), forms_->main.Loaded(), forms_->playlist.Loaded(),
+           forms_->formMeniuri.Loaded(), forms_->options.Loaded(), forms_->mediaLibrary.Loaded(),
+           forms_->jumpForm.Loaded(), forms_->frmBass.Loaded(), forms_->miniForm.Loaded(),
+           forms_->formPreset.Loaded()}) {
     if (form) loaded.push_back(form);
   }
   return loaded;

@@ -72,7 +72,9 @@ class Program {
   // the host gives it a window then, so that Load already finds one.
   void ObserveFormsMade(std::function<void(Form&)> observer) { formMade_ = std::move(observer); }
   // Runs `observer` for every form unloaded from now on, after its Unload.
-  void ObserveFormsUnloaded(std::function<void(Form&)> observer) { formUnloaded_ = std::move(observer); }
+  void ObserveFormsUnloaded(std::function<void(Form&)> observer) {
+    formUnloaded_ = std::move(observer);
+  }
 
   // The forms made so far, in the order they were made.
   std::vector<Form*> LoadedForms() const;

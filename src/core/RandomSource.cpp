@@ -11,7 +11,8 @@ int RandomSource::Below(int count) {
 }
 
 void ClockRandom::Randomize() {
-  engine_.seed(static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()));
+  engine_.seed(
+      static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()));
 }
 
 double ClockRandom::Rnd() { return std::uniform_real_distribution<double>(0.0, 1.0)(engine_); }

@@ -8,7 +8,9 @@ std::string TwoDigits(long value) { return (value < 10 ? "0" : "") + std::to_str
 
 }  // namespace
 
-std::string TwoDigitMinutes(long seconds) { return TwoDigits(seconds / 60) + ":" + TwoDigits(seconds % 60); }
+std::string TwoDigitMinutes(long seconds) {
+  return TwoDigits(seconds / 60) + ":" + TwoDigits(seconds % 60);
+}
 
 std::string OneDigitMinutes(long seconds) {
   if (seconds < 0) seconds = 0;

@@ -17,8 +17,8 @@ class BassApi {
   virtual BOOL BASS_SetConfig(DWORD option, DWORD value) = 0;
   virtual HSTREAM BASS_StreamCreateFile(BOOL mem, const void* file, QWORD offset, QWORD length,
                                         DWORD flags) = 0;
-  virtual HMUSIC BASS_MusicLoad(BOOL mem, const void* file, QWORD offset, DWORD length,
-                                DWORD flags, DWORD freq) = 0;
+  virtual HMUSIC BASS_MusicLoad(BOOL mem, const void* file, QWORD offset, DWORD length, DWORD flags,
+                                DWORD freq) = 0;
   virtual BOOL BASS_StreamFree(HSTREAM handle) = 0;
   virtual BOOL BASS_MusicFree(HMUSIC handle) = 0;
   virtual HFX BASS_ChannelSetFX(DWORD handle, DWORD type, int priority) = 0;

@@ -10,7 +10,9 @@ class Library final : public BassApi {
     return yarvo::BASS_Init(device, freq, flags, win, dsguid);
   }
   BOOL BASS_Free() override { return yarvo::BASS_Free(); }
-  BOOL BASS_SetConfig(DWORD option, DWORD value) override { return yarvo::BASS_SetConfig(option, value); }
+  BOOL BASS_SetConfig(DWORD option, DWORD value) override {
+    return yarvo::BASS_SetConfig(option, value);
+  }
   HSTREAM BASS_StreamCreateFile(BOOL mem, const void* file, QWORD offset, QWORD length,
                                 DWORD flags) override {
     return yarvo::BASS_StreamCreateFile(mem, file, offset, length, flags);
@@ -30,7 +32,9 @@ class Library final : public BassApi {
   BOOL BASS_FXSetParameters(HFX handle, const void* params) override {
     return yarvo::BASS_FXSetParameters(handle, params);
   }
-  BOOL BASS_ChannelPlay(DWORD handle, BOOL restart) override { return yarvo::BASS_ChannelPlay(handle, restart); }
+  BOOL BASS_ChannelPlay(DWORD handle, BOOL restart) override {
+    return yarvo::BASS_ChannelPlay(handle, restart);
+  }
   BOOL BASS_ChannelPause(DWORD handle) override { return yarvo::BASS_ChannelPause(handle); }
   BOOL BASS_ChannelStop(DWORD handle) override { return yarvo::BASS_ChannelStop(handle); }
   DWORD BASS_ChannelIsActive(DWORD handle) override { return yarvo::BASS_ChannelIsActive(handle); }

@@ -72,7 +72,8 @@ void frmBass::PLAYtheBass() {
   ResumeNext([&] { Bass().BASS_StreamFree(Channel()); });
   const std::string path = FileToPlay.Text;
   ResumeNext([&] {
-    Chan = Str(Bass().BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX | BASS_UNICODE));
+    Chan = Str(Bass().BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0,
+                                            BASS_SAMPLE_FX | BASS_UNICODE));
   });
   // A tracker module is no stream: the second try is what lets it play.
   ResumeNext([&] {
@@ -82,7 +83,9 @@ void frmBass::PLAYtheBass() {
     }
   });
   for (int b = 0; b < 10; ++b) {
-    ResumeNext([&] { fx[static_cast<std::size_t>(b)] = Bass().BASS_ChannelSetFX(Channel(), BASS_FX_DX8_PARAMEQ, 0); });
+    ResumeNext([&] {
+      fx[static_cast<std::size_t>(b)] = Bass().BASS_ChannelSetFX(Channel(), BASS_FX_DX8_PARAMEQ, 0);
+    });
   }
   ResumeNext([&] { fx[10] = Bass().BASS_ChannelSetFX(Channel(), BASS_FX_DX8_REVERB, 0); });
   for (int b = 0; b < 10; ++b) {
@@ -173,15 +176,21 @@ void frmBass::Timer1_Timer() {
   // song has started it would only describe (and, for a video, stop the
   // clock of) another file.
   if (ended) return;
-  ResumeNext([&] { Pozitie = Str(double(Bass().BASS_ChannelGetPosition(Channel(), BASS_POS_BYTE))); });
-  ResumeNext([&] { StreamLength = Str(double(Bass().BASS_ChannelGetLength(Channel(), BASS_POS_BYTE))); });
+  ResumeNext(
+      [&] { Pozitie = Str(double(Bass().BASS_ChannelGetPosition(Channel(), BASS_POS_BYTE))); });
+  ResumeNext(
+      [&] { StreamLength = Str(double(Bass().BASS_ChannelGetLength(Channel(), BASS_POS_BYTE))); });
   ResumeNext([&] {
     if (Scrolling == "False") {
-      main.SliderMoveMultimedia(0).Value = static_cast<int>(CDbl(Pozitie.get()) / kBytesPerSliderStep);
+      main.SliderMoveMultimedia(0).Value =
+          static_cast<int>(CDbl(Pozitie.get()) / kBytesPerSliderStep);
     }
   });
-  ResumeNext([&] { totalSeconds = WholeSeconds(Channel(), static_cast<QWORD>(CDbl(StreamLength.get()))); });
-  ResumeNext([&] { playedSeconds = WholeSeconds(Channel(), static_cast<QWORD>(CDbl(Pozitie.get()))); });
+  ResumeNext([&] {
+    totalSeconds = WholeSeconds(Channel(), static_cast<QWORD>(CDbl(StreamLength.get())));
+  });
+  ResumeNext(
+      [&] { playedSeconds = WholeSeconds(Channel(), static_cast<QWORD>(CDbl(Pozitie.get()))); });
   main.TimeCounter.Enabled = false;
   main.TSec.Caption = OneDigitMinutes(playedSeconds);
   main.TotalTime.Caption = OneDigitMinutes(totalSeconds);
@@ -203,15 +212,24 @@ void frmBass::RotateTagLine() {
     const int tick = CInt(SwitchIDTag.get()) + 1;
     SwitchIDTag = std::to_string(tick);
     switch (tick) {
-      case 1: info = "Artist: " + library.Text2T.Text.get(); break;
-      case 4: info = "Album: " + library.Text3T.Text.get(); break;
-      case 8: info = "Year: " + library.Text4T.Text.get(); break;
+      case 1:
+        info = "Artist: " + library.Text2T.Text.get();
+        break;
+      case 4:
+        info = "Album: " + library.Text3T.Text.get();
+        break;
+      case 8:
+        info = "Year: " + library.Text4T.Text.get();
+        break;
       case 12:
         ShowTopPosition();
         info = p.Main().PozInTop.Caption.get();
         break;
-      case 15: SwitchIDTag = "0"; break;
-      default: break;
+      case 15:
+        SwitchIDTag = "0";
+        break;
+      default:
+        break;
     }
   });
 }
@@ -221,7 +239,10 @@ void frmBass::StreamLength_Change() {
   auto& main = p.Main();
   const std::string row = p.Playlist().PicList.Text();
   ResumeNext([&] { main.TimerMisc(0).Enabled = false; });
-  ResumeNext([&] { main.SliderMoveMultimedia(0).Max = static_cast<int>(CDbl(StreamLength.get()) / kBytesPerSliderStep); });
+  ResumeNext([&] {
+    main.SliderMoveMultimedia(0).Max =
+        static_cast<int>(CDbl(StreamLength.get()) / kBytesPerSliderStep);
+  });
   ResumeNext([&] { p.MediaLibrary().LbCurrentTime(0).Caption = "0"; });
   ResumeNext([&] {
     if (p.process().CommandLine().empty()) main.Titlu.Caption = row;

@@ -25,11 +25,11 @@ class frmBass : public Form {
   StringField Chan{"0"};        // channel handle, decimal text; "0" for none
   StringField BassON{"False"};  // "True" while this engine owns the current file
   TextBox FileToPlay{this, "FileToPlay"};
-  StringField StreamLength{"0"};  // bytes; a change runs StreamLength_Change
-  StringField Pozitie{"0"};       // bytes
-  StringField Scrolling{"False"}; // "True" while the user holds the seek bar
-  StringField SwitchIDTag{"0"};   // tick counter of the tag line
-  std::array<HFX, 11> fx{};       // 0-9 the equalizer bands, 10 the reverb
+  StringField StreamLength{"0"};   // bytes; a change runs StreamLength_Change
+  StringField Pozitie{"0"};        // bytes
+  StringField Scrolling{"False"};  // "True" while the user holds the seek bar
+  StringField SwitchIDTag{"0"};    // tick counter of the tag line
+  std::array<HFX, 11> fx{};        // 0-9 the equalizer bands, 10 the reverb
   int totalSeconds = 0;
   int playedSeconds = 0;
 

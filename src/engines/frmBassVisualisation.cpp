@@ -3,8 +3,8 @@
 
 #include "core/Program.h"
 #include "core/form/RuntimeError.h"
-#include "engines/frmBass.h"
 #include "engines/Visualisation.h"
+#include "engines/frmBass.h"
 #include "settings/Options.h"
 #include "windows/Main.h"
 

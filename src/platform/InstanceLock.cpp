@@ -11,7 +11,8 @@ namespace yarvo {
 
 std::string InstanceLock::DefaultLockFile() {
   const char* runtime = std::getenv("XDG_RUNTIME_DIR");
-  std::string folder = runtime && *runtime ? runtime : "/tmp/yarvo-player-" + std::to_string(getuid());
+  std::string folder =
+      runtime && *runtime ? runtime : "/tmp/yarvo-player-" + std::to_string(getuid());
   ::mkdir(folder.c_str(), 0700);  // exists already in the usual case
   return folder + "/yarvo-player.lock";
 }

@@ -16,182 +16,170 @@
 namespace yarvo {
 namespace {
 
-std::string_view trim(std::string_view text)
-{
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\r'; };
-    while (!text.empty() && isBlank(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && isBlank(text.back())) {
-        text.remove_suffix(1);
-    }
-    return text;
+std::string_view trim(std::string_view text) {
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\r'; };
+  while (!text.empty() && isBlank(text.front())) {
+    text.remove_prefix(1);
+  }
+  while (!text.empty() && isBlank(text.back())) {
+    text.remove_suffix(1);
+  }
+  return text;
 }
 
-bool equalNoCase(std::string_view a, std::string_view b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return std::tolower(static_cast<unsigned char>(x)) ==
-               std::tolower(static_cast<unsigned char>(y));
-    });
+bool equalNoCase(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+    return std::tolower(static_cast<unsigned char>(x)) ==
+           std::tolower(static_cast<unsigned char>(y));
+  });
 }
 
 // The section name of a "[name]" line, or nothing for any other line.
-std::optional<std::string_view> sectionName(std::string_view line)
-{
-    line = trim(line);
-    if (line.size() < 2 || line.front() != '[') {
-        return std::nullopt;
-    }
-    const auto close = line.find(']');
-    if (close == std::string_view::npos) {
-        return std::nullopt;
-    }
-    return trim(line.substr(1, close - 1));
+std::optional<std::string_view> sectionName(std::string_view line) {
+  line = trim(line);
+  if (line.size() < 2 || line.front() != '[') {
+    return std::nullopt;
+  }
+  const auto close = line.find(']');
+  if (close == std::string_view::npos) {
+    return std::nullopt;
+  }
+  return trim(line.substr(1, close - 1));
 }
 
 // True when `line` is "key = ..." for this key.
-bool isKeyLine(std::string_view line, std::string_view key)
-{
-    const auto equals = line.find('=');
-    if (equals == std::string_view::npos || trim(line).starts_with(';')) {
-        return false;
-    }
-    return equalNoCase(trim(line.substr(0, equals)), trim(key));
+bool isKeyLine(std::string_view line, std::string_view key) {
+  const auto equals = line.find('=');
+  if (equals == std::string_view::npos || trim(line).starts_with(';')) {
+    return false;
+  }
+  return equalNoCase(trim(line.substr(0, equals)), trim(key));
 }
 
-std::string_view valueOf(std::string_view line)
-{
-    auto value = trim(line.substr(line.find('=') + 1));
-    if (value.size() >= 2 && value.front() == '"' && value.back() == '"') {
-        value = value.substr(1, value.size() - 2);
-    }
-    return value;
+std::string_view valueOf(std::string_view line) {
+  auto value = trim(line.substr(line.find('=') + 1));
+  if (value.size() >= 2 && value.front() == '"' && value.back() == '"') {
+    value = value.substr(1, value.size() - 2);
+  }
+  return value;
 }
 
 // Reads the lines of `file`. An absent file is an empty one; a file that
 // exists but cannot be read gives nothing, so that no write replaces it.
-std::optional<std::vector<std::string>> readLines(const std::filesystem::path& file)
-{
-    std::vector<std::string> lines;
-    std::error_code error;
-    if (!std::filesystem::exists(file, error)) {
-        return error ? std::nullopt : std::optional(lines);
+std::optional<std::vector<std::string>> readLines(const std::filesystem::path& file) {
+  std::vector<std::string> lines;
+  std::error_code error;
+  if (!std::filesystem::exists(file, error)) {
+    return error ? std::nullopt : std::optional(lines);
+  }
+  std::ifstream in(file, std::ios::binary);
+  if (!in) {
+    return std::nullopt;
+  }
+  for (std::string line; std::getline(in, line);) {
+    if (!line.empty() && line.back() == '\r') {
+      line.pop_back();
     }
-    std::ifstream in(file, std::ios::binary);
-    if (!in) {
-        return std::nullopt;
-    }
-    for (std::string line; std::getline(in, line);) {
-        if (!line.empty() && line.back() == '\r') {
-            line.pop_back();
-        }
-        lines.push_back(std::move(line));
-    }
-    return lines;
+    lines.push_back(std::move(line));
+  }
+  return lines;
 }
 
 // Index range [first, last) of the body of `section`, or nothing.
 std::optional<std::pair<std::size_t, std::size_t>> findSection(
-    const std::vector<std::string>& lines, std::string_view section)
-{
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const auto name = sectionName(lines[i]);
-        if (!name || !equalNoCase(*name, trim(section))) {
-            continue;
-        }
-        std::size_t end = i + 1;
-        while (end < lines.size() && !sectionName(lines[end])) {
-            ++end;
-        }
-        return std::pair(i + 1, end);
+    const std::vector<std::string>& lines, std::string_view section) {
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const auto name = sectionName(lines[i]);
+    if (!name || !equalNoCase(*name, trim(section))) {
+      continue;
     }
-    return std::nullopt;
+    std::size_t end = i + 1;
+    while (end < lines.size() && !sectionName(lines[end])) {
+      ++end;
+    }
+    return std::pair(i + 1, end);
+  }
+  return std::nullopt;
 }
 
 void setKey(std::vector<std::string>& lines, std::string_view section, std::string_view key,
-            std::string_view value)
-{
-    std::string entry = std::string(trim(key)) + "=" + std::string(value);
-    const auto body = findSection(lines, section);
-    if (!body) {
-        if (!lines.empty() && !trim(lines.back()).empty()) {
-            lines.emplace_back();
-        }
-        lines.push_back("[" + std::string(trim(section)) + "]");
-        lines.push_back(std::move(entry));
-        return;
+            std::string_view value) {
+  std::string entry = std::string(trim(key)) + "=" + std::string(value);
+  const auto body = findSection(lines, section);
+  if (!body) {
+    if (!lines.empty() && !trim(lines.back()).empty()) {
+      lines.emplace_back();
     }
-    auto [first, last] = *body;
-    for (std::size_t i = first; i < last; ++i) {
-        if (isKeyLine(lines[i], key)) {
-            lines[i] = std::move(entry);
-            return;
-        }
+    lines.push_back("[" + std::string(trim(section)) + "]");
+    lines.push_back(std::move(entry));
+    return;
+  }
+  auto [first, last] = *body;
+  for (std::size_t i = first; i < last; ++i) {
+    if (isKeyLine(lines[i], key)) {
+      lines[i] = std::move(entry);
+      return;
     }
-    // New keys go after the last line that holds something, before the blank
-    // lines that part this section from the next.
-    while (last > first && trim(lines[last - 1]).empty()) {
-        --last;
-    }
-    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(last), std::move(entry));
+  }
+  // New keys go after the last line that holds something, before the blank
+  // lines that part this section from the next.
+  while (last > first && trim(lines[last - 1]).empty()) {
+    --last;
+  }
+  lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(last), std::move(entry));
 }
 
 // Closes a POSIX descriptor when it goes out of scope.
 class FileDescriptor {
-public:
-    explicit FileDescriptor(int fd) : fd_(fd) {}
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    ~FileDescriptor()
-    {
-        if (fd_ >= 0) {
-            ::close(fd_);
-        }
+ public:
+  explicit FileDescriptor(int fd) : fd_(fd) {}
+  FileDescriptor(const FileDescriptor&) = delete;
+  FileDescriptor& operator=(const FileDescriptor&) = delete;
+  ~FileDescriptor() {
+    if (fd_ >= 0) {
+      ::close(fd_);
     }
-    int get() const { return fd_; }
-    bool close()
-    {
-        const int fd = std::exchange(fd_, -1);
-        return ::close(fd) == 0;
-    }
+  }
+  int get() const { return fd_; }
+  bool close() {
+    const int fd = std::exchange(fd_, -1);
+    return ::close(fd) == 0;
+  }
 
-private:
-    int fd_;
+ private:
+  int fd_;
 };
 
-bool writeAll(int fd, std::string_view data)
-{
-    while (!data.empty()) {
-        const ssize_t written = ::write(fd, data.data(), data.size());
-        if (written <= 0) {
-            return false;
-        }
-        data.remove_prefix(static_cast<std::size_t>(written));
+bool writeAll(int fd, std::string_view data) {
+  while (!data.empty()) {
+    const ssize_t written = ::write(fd, data.data(), data.size());
+    if (written <= 0) {
+      return false;
     }
-    return true;
+    data.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
 }
 
-bool replaceAtomically(const std::filesystem::path& target, std::string_view content)
-{
-    constexpr mode_t kFileMode = 0644;
-    std::error_code error;
-    std::filesystem::create_directories(target.parent_path(), error);
-    if (error) {
-        return false;
-    }
-    std::string temporary = target.string() + ".XXXXXX";
-    FileDescriptor fd(::mkostemp(temporary.data(), O_CLOEXEC));
-    if (fd.get() < 0) {
-        return false;
-    }
-    const bool written = ::fchmod(fd.get(), kFileMode) == 0 && writeAll(fd.get(), content) &&
-                         ::fsync(fd.get()) == 0;
-    if (!fd.close() || !written || ::rename(temporary.c_str(), target.c_str()) != 0) {
-        ::unlink(temporary.c_str());
-        return false;
-    }
-    return true;
+bool replaceAtomically(const std::filesystem::path& target, std::string_view content) {
+  constexpr mode_t kFileMode = 0644;
+  std::error_code error;
+  std::filesystem::create_directories(target.parent_path(), error);
+  if (error) {
+    return false;
+  }
+  std::string temporary = target.string() + ".XXXXXX";
+  FileDescriptor fd(::mkostemp(temporary.data(), O_CLOEXEC));
+  if (fd.get() < 0) {
+    return false;
+  }
+  const bool written =
+      ::fchmod(fd.get(), kFileMode) == 0 && writeAll(fd.get(), content) && ::fsync(fd.get()) == 0;
+  if (!fd.close() || !written || ::rename(temporary.c_str(), target.c_str()) != 0) {
+    ::unlink(temporary.c_str());
+    return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -199,63 +187,60 @@ bool replaceAtomically(const std::filesystem::path& target, std::string_view con
 ProfileIni::ProfileIni(std::filesystem::path file) : file_(std::move(file)) {}
 
 std::string ProfileIni::read(std::string_view section, std::string_view key,
-                             std::string_view fallback) const
-{
-    std::string result(fallback);
-    try {
-        const auto lines = readLines(file_);
-        const auto body = lines ? findSection(*lines, section) : std::nullopt;
-        if (body) {
-            for (std::size_t i = body->first; i < body->second; ++i) {
-                if (isKeyLine((*lines)[i], key)) {
-                    result = valueOf((*lines)[i]);
-                    break;
-                }
-            }
+                             std::string_view fallback) const {
+  std::string result(fallback);
+  try {
+    const auto lines = readLines(file_);
+    const auto body = lines ? findSection(*lines, section) : std::nullopt;
+    if (body) {
+      for (std::size_t i = body->first; i < body->second; ++i) {
+        if (isKeyLine((*lines)[i], key)) {
+          result = valueOf((*lines)[i]);
+          break;
         }
-    } catch (const std::exception&) {
-        // An unreadable file reads as a missing key.
+      }
     }
-    if (result.size() > kMaxValueLength) {
-        result.resize(kMaxValueLength);
-    }
-    return result;
+  } catch (const std::exception&) {
+    // An unreadable file reads as a missing key.
+  }
+  if (result.size() > kMaxValueLength) {
+    result.resize(kMaxValueLength);
+  }
+  return result;
 }
 
 bool ProfileIni::write(std::string_view section, std::string_view key,
-                       std::string_view value) const
-{
-    if (trim(section).empty() || trim(key).empty()) {
-        return false;
+                       std::string_view value) const {
+  if (trim(section).empty() || trim(key).empty()) {
+    return false;
+  }
+  try {
+    auto lines = readLines(file_);
+    if (!lines) {
+      return false;
     }
-    try {
-        auto lines = readLines(file_);
-        if (!lines) {
-            return false;
-        }
-        setKey(*lines, section, key, value);
-        std::string content;
-        for (const auto& line : *lines) {
-            content += line;
-            content += '\n';
-        }
-        return replaceAtomically(file_, content);
-    } catch (const std::exception&) {
-        return false;
+    setKey(*lines, section, key, value);
+    std::string content;
+    for (const auto& line : *lines) {
+      content += line;
+      content += '\n';
     }
+    return replaceAtomically(file_, content);
+  } catch (const std::exception&) {
+    return false;
+  }
 }
 
-std::filesystem::path systemIniPath()
-{
-    std::filesystem::path base;
-    // A relative XDG_CONFIG_HOME is invalid and counts as unset.
-    if (const char* config = std::getenv("XDG_CONFIG_HOME");
-        config != nullptr && std::filesystem::path(config).is_absolute()) {
-        base = config;
-    } else if (const char* home = std::getenv("HOME"); home != nullptr) {
-        base = std::filesystem::path(home) / ".config";
-    }
-    return base / "yarvo-player" / "system.ini";
+std::filesystem::path systemIniPath() {
+  std::filesystem::path base;
+  // A relative XDG_CONFIG_HOME is invalid and counts as unset.
+  if (const char* config = std::getenv("XDG_CONFIG_HOME");
+      config != nullptr && std::filesystem::path(config).is_absolute()) {
+    base = config;
+  } else if (const char* home = std::getenv("HOME"); home != nullptr) {
+    base = std::filesystem::path(home) / ".config";
+  }
+  return base / "yarvo-player" / "system.ini";
 }
 
 }  // namespace yarvo

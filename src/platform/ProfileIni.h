@@ -13,28 +13,27 @@ namespace yarvo {
 // matching double quotes loses them, lines starting with ';' are comments.
 // Every call opens, reads or writes, and closes the file; nothing is cached.
 class ProfileIni {
-public:
-    // Longest value `read` returns: a 255-character buffer less its NUL.
-    static constexpr std::size_t kMaxValueLength = 254;
+ public:
+  // Longest value `read` returns: a 255-character buffer less its NUL.
+  static constexpr std::size_t kMaxValueLength = 254;
 
-    explicit ProfileIni(std::filesystem::path file);
+  explicit ProfileIni(std::filesystem::path file);
 
-    // The value of `key` in `section`, cut to kMaxValueLength characters, or
-    // `fallback` when the file, the section or the key is missing.
-    std::string read(std::string_view section, std::string_view key,
-                     std::string_view fallback) const;
+  // The value of `key` in `section`, cut to kMaxValueLength characters, or
+  // `fallback` when the file, the section or the key is missing.
+  std::string read(std::string_view section, std::string_view key, std::string_view fallback) const;
 
-    // Sets `key` to `value` in `section`, adding the key, the section, the file
-    // and its folder as needed. The new content goes to a temporary file beside
-    // the target, is flushed to disk and renamed over it, so a reader sees the
-    // old file or the new one, never a half-written one. Returns false, and
-    // leaves the file as it was, when anything refuses; it never throws.
-    bool write(std::string_view section, std::string_view key, std::string_view value) const;
+  // Sets `key` to `value` in `section`, adding the key, the section, the file
+  // and its folder as needed. The new content goes to a temporary file beside
+  // the target, is flushed to disk and renamed over it, so a reader sees the
+  // old file or the new one, never a half-written one. Returns false, and
+  // leaves the file as it was, when anything refuses; it never throws.
+  bool write(std::string_view section, std::string_view key, std::string_view value) const;
 
-    const std::filesystem::path& file() const { return file_; }
+  const std::filesystem::path& file() const { return file_; }
 
-private:
-    std::filesystem::path file_;
+ private:
+  std::filesystem::path file_;
 };
 
 // Where the media service's driver table lives: system.ini in the folder

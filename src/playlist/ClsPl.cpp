@@ -37,11 +37,14 @@ std::string ShowFileDialog() {
   request.defaultExtension = "mp3";
   if (program().Options().Check4.Value == 1) {
     request.filterDescription =
-        "Media (*.mp3);(*.wav);(*.mpg);(*.avi);(*.mov);(*.wmv);(*.wma);(*.mpv);(*.mpe);(*.mp4);(*.mpa);"
-        "(*.qt);(*.ogm);(*.snd);(*rmi);(*.divx);(*.mpeg);(*.cda);(*.mp2);(*.mp1);(*.mid);(*.midi);(*.asf);"
+        "Media "
+        "(*.mp3);(*.wav);(*.mpg);(*.avi);(*.mov);(*.wmv);(*.wma);(*.mpv);(*.mpe);(*.mp4);(*.mpa);"
+        "(*.qt);(*.ogm);(*.snd);(*rmi);(*.divx);(*.mpeg);(*.cda);(*.mp2);(*.mp1);(*.mid);(*.midi);("
+        "*.asf);"
         "(*.VOB);(*.dat);(*.flv);(*.M2V);(*.3gp)";
     request.filterPattern =
-        "*.mp3;*.wav;*.mpg;*.avi;*.mov;*.wmv;*.mpv;*.mpe;*.mpa;*.qt;*.ogm;*.snd;*rmi;*.divx;*.wma;*.mpeg;"
+        "*.mp3;*.wav;*.mpg;*.avi;*.mov;*.wmv;*.mpv;*.mpe;*.mpa;*.qt;*.ogm;*.snd;*rmi;*.divx;*.wma;*"
+        ".mpeg;"
         "*.cda;*.mp2;*.mp1;*.mid;*.midi;*.vob;*.dat;*.mp4;*.asf;*.flv;*.M2V;*.3gp;";
   } else {
     request.filterDescription = "Media (*.*);";

@@ -16,9 +16,9 @@ namespace {
 
 constexpr const char* kAudioTypes[] = {"mp3", "wav", "wma", "cda", "midi", "mid",
                                        "mpa", "ac3", "ogg", "snd", "rmi"};
-constexpr const char* kVideoTypes[] = {"mpg", "avi", "mov", "wmv", "mp2",  "mpeg",
+constexpr const char* kVideoTypes[] = {"mpg", "avi", "mov", "wmv",  "mp2", "mpeg",
                                        "mpe", "asf", "dat", "divx", "m2v", "vob",
-                                       "mpv", "qt",  "ogm", "mp4", "flv",  "3gp"};
+                                       "mpv", "qt",  "ogm", "mp4",  "flv", "3gp"};
 
 void TickAll(ListBox& list, bool ticked) {
   for (int row = 0; row < list.ListCount(); ++row) list.SetTicked(row, ticked);
@@ -64,7 +64,8 @@ Options::Options() : Form("Options") {
     playlist.FrameScroll.Visible = !standard;
   };
   PlaylistFontSize.Click = [this] {
-    ResumeNext([this] { program().Playlist().PicList.FontSize = 8 + PlaylistFontSize.ListIndex(); });
+    ResumeNext(
+        [this] { program().Playlist().PicList.FontSize = 8 + PlaylistFontSize.ListIndex(); });
   };
   Check3.Click = [this] { program().Playlist().PicList.FontBold = Check3.Value == 1; };
   BindShortcutBoxes(*this);

@@ -45,8 +45,10 @@ class Options : public Form {
   CheckBox Check3{this, "Check3", "Bold", 0};
   OptionGroup TitleFormating;
   OptionButton Option15{this, "Option15", "Show file name", TitleFormating, true};
-  OptionButton Option18{this, "Option18", "Show IDTag: 'Artist - Song name'", TitleFormating, false};
-  OptionButton Option19{this, "Option19", "Show IDTag: 'Song name - Artist'", TitleFormating, false};
+  OptionButton Option18{this, "Option18", "Show IDTag: 'Artist - Song name'", TitleFormating,
+                        false};
+  OptionButton Option19{this, "Option19", "Show IDTag: 'Song name - Artist'", TitleFormating,
+                        false};
   CheckBox Check8{this, "Check8", "Show standard scrollbar (for better performance)", 0};
 
   // Audio: the equalizer on or off.

@@ -60,10 +60,14 @@ struct Line {
 };
 
 void AddGeometry(std::vector<Line>& lines, Form& form) {
-  lines.push_back({[&] { return Str(form.Left); }, [&](const std::string& t) { form.Left = ToCoordinate(t); }});
-  lines.push_back({[&] { return Str(form.Top); }, [&](const std::string& t) { form.Top = ToCoordinate(t); }});
-  lines.push_back({[&] { return Str(form.Width); }, [&](const std::string& t) { form.Width = ToCoordinate(t); }});
-  lines.push_back({[&] { return Str(form.Height); }, [&](const std::string& t) { form.Height = ToCoordinate(t); }});
+  lines.push_back(
+      {[&] { return Str(form.Left); }, [&](const std::string& t) { form.Left = ToCoordinate(t); }});
+  lines.push_back(
+      {[&] { return Str(form.Top); }, [&](const std::string& t) { form.Top = ToCoordinate(t); }});
+  lines.push_back({[&] { return Str(form.Width); },
+                   [&](const std::string& t) { form.Width = ToCoordinate(t); }});
+  lines.push_back({[&] { return Str(form.Height); },
+                   [&](const std::string& t) { form.Height = ToCoordinate(t); }});
 }
 
 Line Literal(std::string text) {
@@ -71,11 +75,13 @@ Line Literal(std::string text) {
 }
 
 Line Option(OptionButton& option) {
-  return {[&] { return Bool(option.Value); }, [&](const std::string& t) { option.Value = ToBool(t); }};
+  return {[&] { return Bool(option.Value); },
+          [&](const std::string& t) { option.Value = ToBool(t); }};
 }
 
 Line Check(CheckBox& check) {
-  return {[&] { return std::to_string(check.Value.get()); }, [&](const std::string& t) { check.Value = CInt(t); }};
+  return {[&] { return std::to_string(check.Value.get()); },
+          [&](const std::string& t) { check.Value = CInt(t); }};
 }
 
 Line Field(StringField& field) {
@@ -83,7 +89,8 @@ Line Field(StringField& field) {
 }
 
 Line Index(ListBox& list) {
-  return {[&] { return std::to_string(list.ListIndex()); }, [&](const std::string& t) { SetIndex(list, t); }};
+  return {[&] { return std::to_string(list.ListIndex()); },
+          [&](const std::string& t) { SetIndex(list, t); }};
 }
 
 void ShowWindowMode(const std::string& text) {
@@ -125,19 +132,22 @@ std::vector<Line> Lines() {
   AddGeometry(lines, main);
   lines.push_back(Literal("[Playlist]"));
   AddGeometry(lines, playlist);
-  lines.push_back({[&] { return Str(main.Volum.Value); }, [&](const std::string& t) { main.Volum.SetClamped(CDbl(t)); }});
+  lines.push_back({[&] { return Str(main.Volum.Value); },
+                   [&](const std::string& t) { main.Volum.SetClamped(CDbl(t)); }});
   lines.push_back(Literal("[Options]"));
-  for (auto* option : {&options.Option1, &options.Option2, &options.Option3}) lines.push_back(Option(*option));
-  lines.push_back({[&] { return std::string(playlist.Visible ? "Playlist=True" : "Playlist=False"); },
-                   [&](const std::string& t) {
-                     if (t == "Playlist=True") {
-                       playlist.Show();
-                     } else {
-                       playlist.Hide();
-                       store.PlaylistON = "0";
-                     }
-                   },
-                   true});
+  for (auto* option : {&options.Option1, &options.Option2, &options.Option3})
+    lines.push_back(Option(*option));
+  lines.push_back(
+      {[&] { return std::string(playlist.Visible ? "Playlist=True" : "Playlist=False"); },
+       [&](const std::string& t) {
+         if (t == "Playlist=True") {
+           playlist.Show();
+         } else {
+           playlist.Hide();
+           store.PlaylistON = "0";
+         }
+       },
+       true});
   lines.push_back(Option(options.Option4));
   lines.push_back(Option(options.Option5));
   lines.push_back(Literal("[Skin]"));
@@ -152,7 +162,8 @@ std::vector<Line> Lines() {
                    [&](const std::string& t) {
                      options.Check2.Value = CInt(t);
                      // One instance only: the second ends here, saving nothing.
-                     if (options.Check2.Value == 0 && p.process().AnotherInstanceRunning()) Program::End();
+                     if (options.Check2.Value == 0 && p.process().AnotherInstanceRunning())
+                       Program::End();
                    }});
   lines.push_back(Field(store.VideoSizeHeight2));
   lines.push_back(Field(store.VideoSizeWidth2));
@@ -160,11 +171,12 @@ std::vector<Line> Lines() {
   lines.push_back(Check(options.Check18));
   for (int b = 0; b <= 10; ++b) {
     auto& slider = main.sldEQR(b);
-    lines.push_back({[&] { return Str(slider.Value); }, [&](const std::string& t) { slider.SetClamped(CDbl(t)); }});
+    lines.push_back({[&] { return Str(slider.Value); },
+                     [&](const std::string& t) { slider.SetClamped(CDbl(t)); }});
   }
-  for (auto* option : {&options.Option8, &options.Option9, &options.Option10, &options.Option11,
-                       &options.Option12, &options.Option13, &options.Option14, &options.Option16,
-                       &options.Option17}) {
+  for (auto* option :
+       {&options.Option8, &options.Option9, &options.Option10, &options.Option11, &options.Option12,
+        &options.Option13, &options.Option14, &options.Option16, &options.Option17}) {
     lines.push_back(Option(*option));
   }
   lines.push_back({[&] { return store.MainMode.get(); },
@@ -174,8 +186,10 @@ std::vector<Line> Lines() {
                    }});
   lines.push_back(Index(options.PlaylistFontSize));
   lines.push_back(Check(options.Check3));
-  lines.push_back({[&] { return std::string(main.Visible ? "main" : "mini"); }, ShowWindowMode, true});
-  for (auto* option : {&options.Option15, &options.Option18, &options.Option19}) lines.push_back(Option(*option));
+  lines.push_back(
+      {[&] { return std::string(main.Visible ? "main" : "mini"); }, ShowWindowMode, true});
+  for (auto* option : {&options.Option15, &options.Option18, &options.Option19})
+    lines.push_back(Option(*option));
   lines.push_back(Check(options.Check4));
   lines.push_back(Check(options.Check5));
   lines.push_back(Field(options.SubDelay.Text));
@@ -204,7 +218,8 @@ void ClsMain::IncarcaSetari() {
   }
   ResumeNext([&] { IncarcaValoriAsociere(); });
   ResumeNext([&] {
-    IncarcaData(store.ProgramPath("/Skins/" + p.Options().SkinName.Text.get() + "/skin.ini"), store.SkinSettings);
+    IncarcaData(store.ProgramPath("/Skins/" + p.Options().SkinName.Text.get() + "/skin.ini"),
+                store.SkinSettings);
   });
   ResumeNext([&] { IncarcaData(store.ProgramPath("/Data/mnin.data"), store.ListaManelisti); });
   LoadTagCodePage();
@@ -239,8 +254,9 @@ void ClsMain::SalveazaSetari() {
     ResumeNext([&] { store.MSettings.AddItem(lines[i].write()); });
   }
   // One line per page on top; with none the file has 71 lines.
-  for (auto [page, text] : {std::pair{&library.FrameLibrary, "1"}, std::pair{&library.FrameTop10, "2"},
-                            std::pair{&library.FrameIDTag, "3"}}) {
+  for (auto [page, text] :
+       {std::pair{&library.FrameLibrary, "1"}, std::pair{&library.FrameTop10, "2"},
+        std::pair{&library.FrameIDTag, "3"}}) {
     if (page->Visible) store.MSettings.AddItem(text);
   }
   ResumeNext([&] { SalveazaData(store.ProgramPath("/settings.ini"), store.MSettings); });
@@ -256,7 +272,8 @@ void ClsMain::IncarcaValoriAsociere() {
   options.FVideo.Clear();
   ResumeNext([&] { IncarcaData(store.ProgramPath("/Data/tpfaudio.data"), options.FAudio); });
   ResumeNext([&] { IncarcaData(store.ProgramPath("/Data/tpfvideo.data"), options.FVideo); });
-  for (auto [ticks, list] : {std::pair{&options.FAudio, &options.TpfAudio}, std::pair{&options.FVideo, &options.TpfVideo}}) {
+  for (auto [ticks, list] : {std::pair{&options.FAudio, &options.TpfAudio},
+                             std::pair{&options.FVideo, &options.TpfVideo}}) {
     for (int row = 0; row < list->ListCount(); ++row) {
       ResumeNext([&] {
         if (ticks->List(row) == "1") list->SetTicked(row, true);  // nothing is unticked here
@@ -269,8 +286,9 @@ void ClsMain::SalveazaValoriAsociere() {
   auto& p = program();
   auto& options = p.Options();
   auto& store = p.DataForm();
-  for (auto [ticks, list, file] : {std::tuple{&options.FAudio, &options.TpfAudio, "/Data/tpfaudio.data"},
-                                   std::tuple{&options.FVideo, &options.TpfVideo, "/Data/tpfvideo.data"}}) {
+  for (auto [ticks, list, file] :
+       {std::tuple{&options.FAudio, &options.TpfAudio, "/Data/tpfaudio.data"},
+        std::tuple{&options.FVideo, &options.TpfVideo, "/Data/tpfvideo.data"}}) {
     ticks->Clear();
     for (int row = 0; row < list->ListCount(); ++row) ticks->AddItem(list->Ticked(row) ? "1" : "0");
     ResumeNext([&] { SalveazaData(store.ProgramPath(file), *ticks); });

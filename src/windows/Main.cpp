@@ -5,12 +5,12 @@
 #include "core/Program.h"
 #include "core/Version.h"
 #include "core/form/RuntimeError.h"
+#include "engines/frmBass.h"
+#include "engines/media/MCore.h"
 #include "platform/Desktop.h"
 #include "platform/ProcessControl.h"
-#include "engines/media/MCore.h"
-#include "windows/MiniForm.h"
-#include "engines/frmBass.h"
 #include "settings/KeyShortcut.h"
+#include "windows/MiniForm.h"
 
 namespace yarvo {
 
@@ -90,8 +90,9 @@ void Main::Main_Form_Load() {
   ResumeNext([&] { KeyFocus.Left = -1000; });
   ResumeNext([&] {
     if (MiniForm* mini = p.LoadedMiniForm(); mini && mini->Visible) {
-      for (auto [from, to] : {std::pair{&TSec, &mini->TSec}, std::pair{&StarePlayer, &mini->StarePlayer},
-                              std::pair{&TotalTime, &mini->TotalTime}, std::pair{&Titlu, &mini->Titlu}}) {
+      for (auto [from, to] :
+           {std::pair{&TSec, &mini->TSec}, std::pair{&StarePlayer, &mini->StarePlayer},
+            std::pair{&TotalTime, &mini->TotalTime}, std::pair{&Titlu, &mini->Titlu}}) {
         to->ForeColor = from->ForeColor.get();
       }
       mini->Visualisation.BackColor = BackColor.get();

@@ -29,7 +29,9 @@ std::vector<std::string> Characters(const std::string& text) {
   std::vector<std::string> characters;
   for (std::size_t i = 0; i < text.size();) {
     std::size_t length = 1;
-    while (i + length < text.size() && (static_cast<unsigned char>(text[i + length]) & 0xC0) == 0x80) ++length;
+    while (i + length < text.size() &&
+           (static_cast<unsigned char>(text[i + length]) & 0xC0) == 0x80)
+      ++length;
     characters.push_back(text.substr(i, length));
     i += length;
   }
@@ -47,8 +49,9 @@ void Main::Main_TimeCounter_Timer() {
     TSec.Caption = TwoDigitMinutes(seconds);
   });
   ResumeNext([&] {
-    LabelVideo.Caption = LbActualCx(0).Caption != "-1" ? Titlu.Caption.get() + "  " + TSec.Caption.get()
-                                                        : std::string("YARVO PLAYER");
+    LabelVideo.Caption = LbActualCx(0).Caption != "-1"
+                             ? Titlu.Caption.get() + "  " + TSec.Caption.get()
+                             : std::string("YARVO PLAYER");
   });
   ResumeNext([&] {
     if (p.frmBass().BassON != "True") StarePlayer.Caption = LbStatus(0).Caption.get();
@@ -67,15 +70,24 @@ void Main::RotateTagLine() {
   ++tagTick;
   ResumeNext([&] {
     switch (tagTick) {
-      case 1: InfoIDTag.Caption = "Artist: " + library.Text2T.Text.get(); break;
-      case 4: InfoIDTag.Caption = "Album: " + library.Text3T.Text.get(); break;
-      case 8: InfoIDTag.Caption = "Year: " + library.Text4T.Text.get(); break;
+      case 1:
+        InfoIDTag.Caption = "Artist: " + library.Text2T.Text.get();
+        break;
+      case 4:
+        InfoIDTag.Caption = "Album: " + library.Text3T.Text.get();
+        break;
+      case 8:
+        InfoIDTag.Caption = "Year: " + library.Text4T.Text.get();
+        break;
       case 12:
         ShowTopPosition();
         InfoIDTag.Caption = PozInTop.Caption.get();
         break;
-      case 15: tagTick = 0; break;
-      default: break;
+      case 15:
+        tagTick = 0;
+        break;
+      default:
+        break;
     }
   });
 }
@@ -94,7 +106,8 @@ void Main::Main_ScrollTextTimer_Timer() {
     if (p.Options().Check1.Value != 1) return;
     if (WindowState == yarvo::WindowState::Minimized) {
       Caption = Titlu.Caption.get();
-    } else if (MiniForm* mini = p.LoadedMiniForm(); mini && mini->WindowState == yarvo::WindowState::Minimized) {
+    } else if (MiniForm* mini = p.LoadedMiniForm();
+               mini && mini->WindowState == yarvo::WindowState::Minimized) {
       mini->Caption = mini->Titlu.Caption.get();
     }
   });

@@ -21,8 +21,10 @@ constexpr double kBytesPerSliderStep = 100000;
 void SeekAudioToThumb() {
   auto& p = program();
   auto& engine = p.frmBass();
-  const auto bytes = static_cast<QWORD>(p.Main().SliderMoveMultimedia(0).Value * kBytesPerSliderStep);
-  p.bass().BASS_ChannelSetPosition(static_cast<DWORD>(CLng(engine.Chan.get())), bytes, BASS_POS_BYTE);
+  const auto bytes =
+      static_cast<QWORD>(p.Main().SliderMoveMultimedia(0).Value * kBytesPerSliderStep);
+  p.bass().BASS_ChannelSetPosition(static_cast<DWORD>(CLng(engine.Chan.get())), bytes,
+                                   BASS_POS_BYTE);
 }
 
 bool InMiniMode() { return program().DataForm().MiniMode == "True"; }

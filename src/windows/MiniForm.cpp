@@ -2,8 +2,8 @@
 
 #include "core/Program.h"
 #include "core/form/RuntimeError.h"
-#include "windows/Main.h"
 #include "settings/KeyShortcut.h"
+#include "windows/Main.h"
 
 namespace yarvo {
 

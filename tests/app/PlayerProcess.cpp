@@ -29,8 +29,8 @@ Player::Player(const ProgramFolder& folder, const TempDir& home, std::vector<std
   std::vector<std::string> env;
   for (char** e = environ; *e; ++e) {
     const std::string entry = *e;
-    if (entry.rfind("DISPLAY=", 0) && entry.rfind("WAYLAND_DISPLAY=", 0) && entry.rfind("XDG_", 0) &&
-        entry.rfind("QT_QPA_PLATFORM=", 0) && entry.rfind("PULSE_", 0))
+    if (entry.rfind("DISPLAY=", 0) && entry.rfind("WAYLAND_DISPLAY=", 0) &&
+        entry.rfind("XDG_", 0) && entry.rfind("QT_QPA_PLATFORM=", 0) && entry.rfind("PULSE_", 0))
       env.push_back(entry);
   }
   env.push_back("XDG_RUNTIME_DIR=" + home.Path().string());
@@ -46,7 +46,8 @@ Player::Player(const ProgramFolder& folder, const TempDir& home, std::vector<std
   std::vector<char*> argv;
   for (auto& a : args) argv.push_back(a.data());
   argv.push_back(nullptr);
-  if (posix_spawn(&pid_, folder.Exe().c_str(), nullptr, nullptr, argv.data(), envp.data()) != 0) pid_ = -1;
+  if (posix_spawn(&pid_, folder.Exe().c_str(), nullptr, nullptr, argv.data(), envp.data()) != 0)
+    pid_ = -1;
 }
 
 Player::~Player() {
@@ -58,7 +59,8 @@ Player::~Player() {
 
 void Player::Close() {
   const auto deadline = std::chrono::steady_clock::now() + kPatience;
-  while (!CatchesSigterm() && std::chrono::steady_clock::now() < deadline) std::this_thread::sleep_for(10ms);
+  while (!CatchesSigterm() && std::chrono::steady_clock::now() < deadline)
+    std::this_thread::sleep_for(10ms);
   kill(pid_, SIGTERM);
 }
 
@@ -76,7 +78,8 @@ int Player::Wait() {
 bool Player::CatchesSigterm() const {
   std::ifstream status("/proc/" + std::to_string(pid_) + "/status");
   for (std::string line; std::getline(status, line);) {
-    if (line.rfind("SigCgt:", 0) == 0) return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1)) & 1u;
+    if (line.rfind("SigCgt:", 0) == 0)
+      return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1)) & 1u;
   }
   return false;
 }

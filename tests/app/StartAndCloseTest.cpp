@@ -10,9 +10,9 @@
 #include <thread>
 #include <vector>
 
+#include "PlayerProcess.h"
 #include "core/form/StringList.h"
 #include "playlist/DataClass.h"
-#include "PlayerProcess.h"
 #include "support/ProgramFixture.h"
 
 namespace yarvo {
@@ -39,7 +39,8 @@ TEST(Executable, ClosedByTheWindowSystemItSavesItsStateInOrder) {
 
   EXPECT_EQ(ReadBytes(folder / "Data/plst.data"), "/music/First Song.mp3\r\n/music/b.two.ogg\r\n");
   EXPECT_EQ(ReadBytes(folder / "Data/playlist.data"), "First Song\r\nb.two\r\n");
-  EXPECT_FALSE(fs::exists(folder / "Data/id3.data")) << "titles from file names: no tag titles saved";
+  EXPECT_FALSE(fs::exists(folder / "Data/id3.data"))
+      << "titles from file names: no tag titles saved";
   const std::vector<std::string> order = {"Data/top.data", "settings.ini", "Data/keyboard.data",
                                           "Data/plst.data", "Data/playlist.data"};
   for (std::size_t i = 1; i < order.size(); ++i) {
@@ -76,7 +77,8 @@ TEST(Executable, ASecondInstanceEndsAtOnceWhenOnlyOneMayRun) {
   // The first has passed its instance check once it repairs the media
   // driver table, which comes later in its start.
   const auto deadline = std::chrono::steady_clock::now() + kPatience;
-  while (!fs::exists(home.Path() / "config/yarvo-player/system.ini") && std::chrono::steady_clock::now() < deadline)
+  while (!fs::exists(home.Path() / "config/yarvo-player/system.ini") &&
+         std::chrono::steady_clock::now() < deadline)
     std::this_thread::sleep_for(10ms);
 
   Player second(folder, home);

@@ -43,7 +43,8 @@ namespace yarvo {
 namespace {
 
 TEST(TimeText, TheAudioClockHasNoLeadingZeroAndRunsPastAnHour) {
-  for (auto [seconds, text] : {std::pair{0L, "0:00"}, {9L, "0:09"}, {125L, "2:05"}, {3600L, "60:00"}, {-3L, "0:00"}}) {
+  for (auto [seconds, text] :
+       {std::pair{0L, "0:00"}, {9L, "0:09"}, {125L, "2:05"}, {3600L, "60:00"}, {-3L, "0:00"}}) {
     EXPECT_EQ(OneDigitMinutes(seconds), text) << seconds;
   }
   EXPECT_EQ(TwoDigitMinutes(0), "00:00");

@@ -35,7 +35,8 @@ TEST_F(DirectorFixture, ADoubleClickedRowPlaysToItsEndAndTheNextRowFollows) {
   clock.Advance(1000);
   EXPECT_EQ(bass.PlayingFile(), "/m/b.mp3");
   EXPECT_EQ(SongNumber(), "1");
-  EXPECT_EQ(main.PiesaCurenta.Caption.get(), "a") << "the title follows at the new song's first tick";
+  EXPECT_EQ(main.PiesaCurenta.Caption.get(), "a")
+      << "the title follows at the new song's first tick";
   clock.Advance(1000);
   EXPECT_EQ(main.PiesaCurenta.Caption.get(), "b");
 }

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "core/DirectorFixture.h"
-#include "engines/media/MciSendString.h"
 #include "core/DoctorYarvo.h"
+#include "engines/media/MciSendString.h"
 #include "playlist/MediaLibrary.h"
 
 namespace yarvo {
@@ -21,7 +21,8 @@ namespace {
 class FakeVideoService {
  public:
   explicit FakeVideoService(std::string path) : path_(std::move(path)) {
-    setMciCommandHook([this](std::string_view command, std::span<char> reply) { return Answer(command, reply); });
+    setMciCommandHook(
+        [this](std::string_view command, std::span<char> reply) { return Answer(command, reply); });
   }
   ~FakeVideoService() { setMciCommandHook({}); }
   FakeVideoService(const FakeVideoService&) = delete;
@@ -96,7 +97,8 @@ TEST_F(MediaRoute, AVideoPlaysThroughTheMediaServiceInTheVideoLayoutAndTheNextRo
   EXPECT_TRUE(main.FrameVideo(0).Visible);
   EXPECT_FALSE(main.MainFrame(1).Visible);
   EXPECT_TRUE(main.TimerMisc(0).Enabled);
-  EXPECT_NE(std::find(service.sent.begin(), service.sent.end(), "play movie from 0 to 100"), service.sent.end());
+  EXPECT_NE(std::find(service.sent.begin(), service.sent.end(), "play movie from 0 to 100"),
+            service.sent.end());
 
   clock.Advance(500);
   EXPECT_EQ(main.LbStatus(0).Caption.get(), "playing");
@@ -104,7 +106,8 @@ TEST_F(MediaRoute, AVideoPlaysThroughTheMediaServiceInTheVideoLayoutAndTheNextRo
   EXPECT_EQ(library.LbCurrentTime(0).Caption.get(), "2");
   clock.Advance(500);
   EXPECT_EQ(main.TSec.Caption.get(), "00:02");
-  EXPECT_EQ(main.StarePlayer.Caption.get(), "playing") << "the state word follows the media service";
+  EXPECT_EQ(main.StarePlayer.Caption.get(), "playing")
+      << "the state word follows the media service";
 
   service.mode = "stopped";
   clock.Advance(500);
@@ -124,7 +127,8 @@ TEST_F(MediaRoute, WhileTheSeekBarIsHeldTheEndWaitsForItsRelease) {
   EXPECT_EQ(bass.PlayingFile(), "") << "no next song while the bar is held";
   main.SliderMoveMultimedia(0).Value = 1;
   main.ScrollbarRelease();
-  EXPECT_NE(std::find(service.sent.begin(), service.sent.end(), "seek movie to 50"), service.sent.end());
+  EXPECT_NE(std::find(service.sent.begin(), service.sent.end(), "seek movie to 50"),
+            service.sent.end());
   EXPECT_EQ(main.StartMoveSlider.Caption.get(), "False") << "the focus left the bar";
   clock.Advance(500);
   EXPECT_EQ(bass.PlayingFile(), "/m/c.ogg");
@@ -139,7 +143,8 @@ TEST_F(MediaRoute, AFileThatCannotBePlayedIsExplainedAfterTheApology) {
   EXPECT_EQ(desktop.messages[0].prompt,
             "Sorry, Yarvo Player could not play this file. Doctor Yarvo will try to fix that");
   EXPECT_EQ(desktop.messages[1].title, "Doctor Yarvo");
-  EXPECT_NE(desktop.messages[1].prompt.find("empty"), std::string::npos) << desktop.messages[1].prompt;
+  EXPECT_NE(desktop.messages[1].prompt.find("empty"), std::string::npos)
+      << desktop.messages[1].prompt;
   EXPECT_EQ(bass.PlayingFile(), "") << "no next song after a failure";
 }
 
@@ -147,7 +152,9 @@ TEST(DoctorYarvo, TellsWhyAFileWouldNotPlay) {
   test::TempDir dir;
   test::WriteBytes(dir / "empty.avi", "");
   test::WriteBytes(dir / "text.avi", "just some words");
-  test::WriteBytes(dir / "cut.mp4", std::string("\0\0\0\x18" "ftypisom", 12));
+  test::WriteBytes(dir / "cut.mp4", std::string("\0\0\0\x18"
+                                                "ftypisom",
+                                                12));
   for (auto [path, words] : {std::pair{std::string(), "No file"},
                              {dir / "gone.avi", "does not exist"},
                              {dir.Path().string(), "is a folder"},
@@ -156,7 +163,8 @@ TEST(DoctorYarvo, TellsWhyAFileWouldNotPlay) {
                              {dir / "cut.mp4", "MP4"},
                              {std::string("http://example.org/a.avi"), "web address"}}) {
     SCOPED_TRACE(path);
-    EXPECT_NE(DoctorYarvo::Diagnose(path).find(words), std::string::npos) << DoctorYarvo::Diagnose(path);
+    EXPECT_NE(DoctorYarvo::Diagnose(path).find(words), std::string::npos)
+        << DoctorYarvo::Diagnose(path);
   }
 }
 
@@ -166,7 +174,8 @@ TEST_F(MediaClock, TheTimeTextHasTwoDigitMinutesAndGoesPastAnHour) {
   Start();
   auto& main = P().Main();
   auto& now = P().MediaLibrary().LbCurrentTime(0).Caption;
-  for (auto [seconds, text] : {std::pair{"0", "00:00"}, {"9.6", "00:09"}, {"125", "02:05"}, {"6000", "100:00"}}) {
+  for (auto [seconds, text] :
+       {std::pair{"0", "00:00"}, {"9.6", "00:09"}, {"125", "02:05"}, {"6000", "100:00"}}) {
     now = seconds;
     main.Main_TimeCounter_Timer();
     EXPECT_EQ(main.TSec.Caption.get(), text) << seconds;
@@ -181,7 +190,8 @@ TEST_F(MediaClock, TheTitleRunsRoundAsARingOfFiftyCharacters) {
   P().Main().Main_ScrollTextTimer_Timer();
   EXPECT_EQ(title.get(), std::string(8, ' ') + "Song" + std::string(38, ' '));
   for (int i = 0; i < 49; ++i) P().Main().Main_ScrollTextTimer_Timer();
-  EXPECT_EQ(title.get(), std::string(9, ' ') + "Song" + std::string(37, ' ')) << "fifty steps go round once";
+  EXPECT_EQ(title.get(), std::string(9, ' ') + "Song" + std::string(37, ' '))
+      << "fifty steps go round once";
   title = "Ăla bală portocală";  // letters of two bytes stay whole
   P().Main().Main_ScrollTextTimer_Timer();
   EXPECT_EQ(title.get().substr(0, 4), "la b");

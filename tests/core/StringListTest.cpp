@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "core/form/Form.h"
 #include "core/form/ListBox.h"
 #include "core/form/RuntimeError.h"
 #include "core/form/StringList.h"
-#include "core/form/Form.h"
 
 namespace yarvo {
 namespace {

@@ -19,7 +19,9 @@ struct TitleCase {
   const char* path;
   const char* afterSlash;
   const char* title;
-  friend std::ostream& operator<<(std::ostream& out, const TitleCase& c) { return out << '"' << c.path << '"'; }
+  friend std::ostream& operator<<(std::ostream& out, const TitleCase& c) {
+    return out << '"' << c.path << '"';
+  }
 };
 
 class Titles : public ::testing::TestWithParam<TitleCase> {};
@@ -33,12 +35,12 @@ TEST_P(Titles, AreTheFileNameWithoutItsLastExtension) {
 INSTANTIATE_TEST_SUITE_P(
     Paths, Titles,
     ::testing::Values(TitleCase{"/music/Artist - Song.mp3", "Artist - Song.mp3", "Artist - Song"},
-                      TitleCase{"song.mp3", "song.mp3", "song"},            // no separator
-                      TitleCase{"/music/README", "README", ""},             // no dot: empty title
-                      TitleCase{"/music/.hidden", ".hidden", ""},           // leading dot only
-                      TitleCase{"/music/a.b.mp3", "a.b.mp3", "a.b"},        // the first dot stays
-                      TitleCase{"/music/dir.v2/track", "track", ""},        // dots in folders don't count
-                      TitleCase{"/music/", "", ""},                         // ends in the separator
+                      TitleCase{"song.mp3", "song.mp3", "song"},      // no separator
+                      TitleCase{"/music/README", "README", ""},       // no dot: empty title
+                      TitleCase{"/music/.hidden", ".hidden", ""},     // leading dot only
+                      TitleCase{"/music/a.b.mp3", "a.b.mp3", "a.b"},  // the first dot stays
+                      TitleCase{"/music/dir.v2/track", "track", ""},  // dots in folders don't count
+                      TitleCase{"/music/", "", ""},                   // ends in the separator
                       TitleCase{"", "", ""}));
 
 TEST(LeftOfLast, IsEmptyWithoutTheSeparator) {
@@ -50,7 +52,8 @@ class PlaylistLists : public test::ProgramFixture {
  protected:
   void SetUp() override {
     Start();
-    for (const char* path : {"/m/a.mp3", "/m/b.ogg", "/m/c.avi"}) P().DataForm().ListaCale.AddItem(path);
+    for (const char* path : {"/m/a.mp3", "/m/b.ogg", "/m/c.avi"})
+      P().DataForm().ListaCale.AddItem(path);
     ListNoChar(P().Playlist().PicList, P().DataForm().ListaCale);
   }
   Strings Titles() { return test::Rows(P().Playlist().PicList); }

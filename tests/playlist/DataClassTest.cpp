@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <filesystem>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <csignal>
+#include <filesystem>
 
 #include "core/form/StringList.h"
 #include "playlist/DataClass.h"
@@ -42,16 +42,15 @@ TEST_P(LineFileRead, GivesTheRows) { EXPECT_EQ(Read(GetParam().bytes), GetParam(
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, LineFileRead,
-    ::testing::Values(
-        ReadCase{"EmptyFile", "", {}},
-        ReadCase{"CrLf", "a\r\nb\r\n", {"a", "b"}},
-        ReadCase{"LastLineUnterminated", "a\r\nb", {"a", "b"}},
-        ReadCase{"LoneCrEndsALine", "a\rb\r\nc", {"a", "b", "c"}},
-        ReadCase{"LoneLfEndsALine", "a\nb\n", {"a", "b"}},
-        ReadCase{"TrailingBlanksCut", "song   \r\n  lead\r\n", {"song", "  lead"}},
-        ReadCase{"TabsAreNotBlanks", "tab\t\r\n", {"tab\t"}},
-        ReadCase{"BlankOnlyAndEmptyRowsStay", "a\r\n   \r\n\r\nb\r\n", {"a", "", "", "b"}},
-        ReadCase{"EightBitBytesPassThrough", "\xC8\x99\xff\r\n", {"\xC8\x99\xff"}}),
+    ::testing::Values(ReadCase{"EmptyFile", "", {}}, ReadCase{"CrLf", "a\r\nb\r\n", {"a", "b"}},
+                      ReadCase{"LastLineUnterminated", "a\r\nb", {"a", "b"}},
+                      ReadCase{"LoneCrEndsALine", "a\rb\r\nc", {"a", "b", "c"}},
+                      ReadCase{"LoneLfEndsALine", "a\nb\n", {"a", "b"}},
+                      ReadCase{"TrailingBlanksCut", "song   \r\n  lead\r\n", {"song", "  lead"}},
+                      ReadCase{"TabsAreNotBlanks", "tab\t\r\n", {"tab\t"}},
+                      ReadCase{
+                          "BlankOnlyAndEmptyRowsStay", "a\r\n   \r\n\r\nb\r\n", {"a", "", "", "b"}},
+                      ReadCase{"EightBitBytesPassThrough", "\xC8\x99\xff\r\n", {"\xC8\x99\xff"}}),
     [](const auto& param) { return std::string(param.param.name); });
 
 TEST(LineFile, MissingFileOrEmptyNameLeavesTheListAsItWas) {

@@ -42,7 +42,8 @@ class TagTitles : public test::ProgramFixture {
 };
 
 TEST_F(TagTitles, ArtistThenTitleOrTheReverseAndFileNamesWhereTheTagGivesNothing) {
-  Playlist({Tagged("one.mp3", "Abba", "Waterloo"), folder / "notag.mp3", Tagged("two.mp3", "", "Only Title")});
+  Playlist({Tagged("one.mp3", "Abba", "Waterloo"), folder / "notag.mp3",
+            Tagged("two.mp3", "", "Only Title")});
   P().Options().Option18.Value = true;  // runs FileNameToID3, as a click does
   EXPECT_EQ(Titles(), (Strings{"Abba - Waterloo", "notag", "two"}));
   P().Options().Option19.Value = true;
@@ -51,7 +52,8 @@ TEST_F(TagTitles, ArtistThenTitleOrTheReverseAndFileNamesWhereTheTagGivesNothing
 }
 
 TEST_F(TagTitles, ARowWhoseTagRepeatsTheTitleJustGivenKeepsItsText) {
-  Playlist({Tagged("a.mp3", "Alfa", "Same"), Tagged("b.mp3", "Beta", "Same"), Tagged("c.mp3", "Gama", "Diff")});
+  Playlist({Tagged("a.mp3", "Alfa", "Same"), Tagged("b.mp3", "Beta", "Same"),
+            Tagged("c.mp3", "Gama", "Diff")});
   P().Options().Option18.Value = true;
   EXPECT_EQ(Titles(), (Strings{"Alfa - Same", "b", "Gama - Diff"}));
 }
@@ -71,13 +73,17 @@ TEST_F(TagTitles, TheTagPageShowsATagAndTheRecordIsBlankedBehindIt) {
   EXPECT_EQ(library.Combo1T.Text(), "Rock");
   EXPECT_EQ(library.ID3Path.Caption.get(), path);
   ShowId3Tag(folder / "notag.mp3");
-  EXPECT_EQ(library.Text2T.Text.get(), std::string(30, ' ')) << "a file without a tag shows blank fields";
+  EXPECT_EQ(library.Text2T.Text.get(), std::string(30, ' '))
+      << "a file without a tag shows blank fields";
   EXPECT_EQ(library.Combo1T.Text(), "Rock") << "but the genre of the last tag read";
 }
 
 TEST_F(TagTitles, TheChosenCodePageReadsTheTagsLetters) {
   // "Ţară" in Windows-1250: 0xDE 0x61 0x72 0xE3.
-  Playlist({Tagged("a.mp3", "\xDE" "ar\xE3", "Cantec")});
+  Playlist({Tagged("a.mp3",
+                   "\xDE"
+                   "ar\xE3",
+                   "Cantec")});
   P().Options().TagCodePage.SetText("cp1250");
   P().Options().Option18.Value = true;
   EXPECT_EQ(Titles(), (Strings{"Ţară - Cantec"}));

@@ -58,10 +58,23 @@ TEST_F(SettingsFile, ASaveWritesTheSeventyTwoLinesInTheirOrder) {
   const Strings lines = SavedLines();
   ASSERT_EQ(lines.size(), 72u);
   EXPECT_EQ(lines[0], "1.0.0");
-  for (auto [line, text] : {std::pair{1, "[Main]"}, {6, "[Playlist]"}, {12, "[Options]"}, {19, "[Skin]"},
-                            {16, "Playlist=True"}, {13, "True"}, {14, "False"}, {20, "Default"},
-                            {23, ""}, {24, ""}, {25, ""}, {28, "1"}, {53, "Full"}, {56, "main"},
-                            {57, "True"}, {62, "0"}, {71, "2"}}) {
+  for (auto [line, text] : {std::pair{1, "[Main]"},
+                            {6, "[Playlist]"},
+                            {12, "[Options]"},
+                            {19, "[Skin]"},
+                            {16, "Playlist=True"},
+                            {13, "True"},
+                            {14, "False"},
+                            {20, "Default"},
+                            {23, ""},
+                            {24, ""},
+                            {25, ""},
+                            {28, "1"},
+                            {53, "Full"},
+                            {56, "main"},
+                            {57, "True"},
+                            {62, "0"},
+                            {71, "2"}}) {
     SCOPED_TRACE(line);
     EXPECT_EQ(lines[static_cast<std::size_t>(line)], text);
   }
@@ -71,7 +84,8 @@ TEST_F(SettingsFile, ASaveWritesTheSeventyTwoLinesInTheirOrder) {
 TEST_F(SettingsFile, WithNoLibraryPageOnTopTheFileHasSeventyOneLines) {
   Start();
   auto& library = P().MediaLibrary();
-  for (auto* page : {&library.FrameIDTag, &library.FrameTop10, &library.FrameLibrary}) page->Visible = false;
+  for (auto* page : {&library.FrameIDTag, &library.FrameTop10, &library.FrameLibrary})
+    page->Visible = false;
   ClsMain().SalveazaSetari();
   EXPECT_EQ(SavedLines().size(), 71u);
 }

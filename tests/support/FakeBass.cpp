@@ -5,7 +5,9 @@
 
 namespace yarvo::test {
 
-void FakeBass::AddFile(const std::string& path, double seconds, bool music) { files_[path] = {seconds, music}; }
+void FakeBass::AddFile(const std::string& path, double seconds, bool music) {
+  files_[path] = {seconds, music};
+}
 
 FakeBass::Channel* FakeBass::Find(DWORD handle) {
   const auto found = channels_.find(handle);

@@ -24,8 +24,10 @@ class FakeBass final : public BassApi {
   BOOL BASS_Init(int device, DWORD freq, DWORD flags, HWND win, const void* dsguid) override;
   BOOL BASS_Free() override;
   BOOL BASS_SetConfig(DWORD option, DWORD value) override;
-  HSTREAM BASS_StreamCreateFile(BOOL mem, const void* file, QWORD offset, QWORD length, DWORD flags) override;
-  HMUSIC BASS_MusicLoad(BOOL mem, const void* file, QWORD offset, DWORD length, DWORD flags, DWORD freq) override;
+  HSTREAM BASS_StreamCreateFile(BOOL mem, const void* file, QWORD offset, QWORD length,
+                                DWORD flags) override;
+  HMUSIC BASS_MusicLoad(BOOL mem, const void* file, QWORD offset, DWORD length, DWORD flags,
+                        DWORD freq) override;
   BOOL BASS_StreamFree(HSTREAM handle) override;
   BOOL BASS_MusicFree(HMUSIC handle) override;
   HFX BASS_ChannelSetFX(DWORD handle, DWORD type, int priority) override;
@@ -60,8 +62,8 @@ class FakeBass final : public BassApi {
     std::string file;
     bool music = false;
     QWORD length = 0;
-    QWORD base = 0;           // position when it last started or halted
-    std::int64_t since = 0;   // clock time it last started
+    QWORD base = 0;          // position when it last started or halted
+    std::int64_t since = 0;  // clock time it last started
     bool playing = false;
     bool paused = false;
   };

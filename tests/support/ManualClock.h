@@ -25,7 +25,9 @@ class ManualClock final : public TimerScheduler {
   struct Due {
     std::int64_t at;
     std::uint64_t order;
-    bool operator<(const Due& other) const { return std::pair(at, order) < std::pair(other.at, other.order); }
+    bool operator<(const Due& other) const {
+      return std::pair(at, order) < std::pair(other.at, other.order);
+    }
   };
 
   std::int64_t now_ = 0;

@@ -7,9 +7,9 @@
 
 #include "core/DataForm.h"
 #include "core/form/StringList.h"
-#include "windows/Main.h"
 #include "engines/media/MCore.h"
 #include "engines/media/MciSendString.h"
+#include "windows/Main.h"
 
 namespace yarvo::test {
 

@@ -30,9 +30,7 @@ void RunEvent(const std::function<void()>& handler) {
   }
 }
 
-void Retire(std::shared_ptr<void> object) {
-  retired.push_back(std::move(object));
-}
+void Retire(std::shared_ptr<void> object) { retired.push_back(std::move(object)); }
 
 void ReleaseRetired() {
   // Destroying a form may retire more (its timers' handlers are gone by then,

@@ -16,7 +16,9 @@ void ListBox::SetText(const std::string& text) {
   SetListIndex(found == rows.end() ? -1 : static_cast<int>(found - rows.begin()));
 }
 
-int ListBox::RowHeight() const { return static_cast<int>(std::lround(FontSize.get() * 96.0 / 72.0 * 1.2)); }
+int ListBox::RowHeight() const {
+  return static_cast<int>(std::lround(FontSize.get() * 96.0 / 72.0 * 1.2));
+}
 
 bool ListBox::Ticked(int row) const {
   return row >= 0 && row < static_cast<int>(ticks_.size()) && ticks_[static_cast<std::size_t>(row)];
@@ -24,7 +26,8 @@ bool ListBox::Ticked(int row) const {
 
 void ListBox::SetTicked(int row, bool ticked) {
   if (row < 0 || row >= ListCount()) throw err::InvalidPropertyIndex();
-  if (ticks_.size() < static_cast<std::size_t>(ListCount())) ticks_.resize(static_cast<std::size_t>(ListCount()));
+  if (ticks_.size() < static_cast<std::size_t>(ListCount()))
+    ticks_.resize(static_cast<std::size_t>(ListCount()));
   if (ticks_[static_cast<std::size_t>(row)] == ticked) return;
   ticks_[static_cast<std::size_t>(row)] = ticked;
   ++modelRevision();

@@ -2,9 +2,11 @@
 
 namespace yarvo {
 
-OptionButton::OptionButton(Form* owner, std::string name, std::string caption,
-                           OptionGroup& group, bool value, int index)
-    : Control(owner, std::move(name), index), Caption(std::move(caption)), Value(value),
+OptionButton::OptionButton(Form* owner, std::string name, std::string caption, OptionGroup& group,
+                           bool value, int index)
+    : Control(owner, std::move(name), index),
+      Caption(std::move(caption)),
+      Value(value),
       group_(group) {
   group_.Add(this);
   Value.onChange([this] {

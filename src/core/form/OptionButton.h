@@ -21,8 +21,8 @@ class OptionGroup {
 
 class OptionButton : public Control {
  public:
-  OptionButton(Form* owner, std::string name, std::string caption, OptionGroup& group,
-               bool value, int index = -1);
+  OptionButton(Form* owner, std::string name, std::string caption, OptionGroup& group, bool value,
+               int index = -1);
 
   StringField Caption;
   Property<bool> Value;

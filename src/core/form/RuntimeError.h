@@ -24,16 +24,16 @@ class RuntimeError : public std::runtime_error {
 
 // The error numbers the program raises itself, with their descriptions.
 namespace err {
-RuntimeError InvalidProcedureCall();    // 5
-RuntimeError Overflow();                // 6
-RuntimeError SubscriptOutOfRange();     // 9
-RuntimeError DivisionByZero();          // 11
-RuntimeError TypeMismatch();            // 13
-RuntimeError FileNotFound();            // 53
-RuntimeError PathNotFound();            // 76
-RuntimeError ControlArrayElement();     // 340
-RuntimeError InvalidPropertyValue();    // 380
-RuntimeError InvalidPropertyIndex();    // 381
+RuntimeError InvalidProcedureCall();  // 5
+RuntimeError Overflow();              // 6
+RuntimeError SubscriptOutOfRange();   // 9
+RuntimeError DivisionByZero();        // 11
+RuntimeError TypeMismatch();          // 13
+RuntimeError FileNotFound();          // 53
+RuntimeError PathNotFound();          // 76
+RuntimeError ControlArrayElement();   // 340
+RuntimeError InvalidPropertyValue();  // 380
+RuntimeError InvalidPropertyIndex();  // 381
 }  // namespace err
 
 // Thrown to end the process: CloseYarvo, the instance rule. Caught only by the

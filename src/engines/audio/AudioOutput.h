@@ -12,17 +12,17 @@ namespace yarvo::audio {
 
 // What an output pulls audio from.
 class AudioSource {
-public:
+ public:
   // Output thread: fills `frames` interleaved stereo float frames. No
   // allocation, no exception, no lock held by anything slow.
   virtual void render(float* stereo, std::size_t frames) noexcept = 0;
 
-protected:
+ protected:
   ~AudioSource() = default;
 };
 
 class AudioOutput {
-public:
+ public:
   virtual ~AudioOutput() = default;
   AudioOutput() = default;
   AudioOutput(const AudioOutput&) = delete;

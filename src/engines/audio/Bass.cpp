@@ -27,7 +27,9 @@ Result guarded(Result failure, Body body) noexcept {
 BOOL toBool(bool value) noexcept { return value ? BASS_TRUE : BASS_FALSE; }
 
 // Bytes per frame of the 16-bit positions the caller counts in.
-QWORD frameBytes(const Channel& channel) noexcept { return static_cast<QWORD>(channel.channels()) * 2; }
+QWORD frameBytes(const Channel& channel) noexcept {
+  return static_cast<QWORD>(channel.channels()) * 2;
+}
 
 }  // namespace
 
@@ -40,7 +42,8 @@ BOOL BASS_Free() {
 }
 
 BOOL BASS_SetConfig(DWORD option, DWORD value) {
-  return guarded(BASS_FALSE, [&] { return toBool(BassLibrary::instance().setConfig(option, value)); });
+  return guarded(BASS_FALSE,
+                 [&] { return toBool(BassLibrary::instance().setConfig(option, value)); });
 }
 
 HSTREAM BASS_StreamCreateFile(BOOL mem, const void* file, QWORD offset, QWORD length, DWORD flags) {
@@ -48,19 +51,22 @@ HSTREAM BASS_StreamCreateFile(BOOL mem, const void* file, QWORD offset, QWORD le
   return guarded(HSTREAM{0}, [&] { return BassLibrary::instance().createStream(file, flags); });
 }
 
-HMUSIC BASS_MusicLoad(BOOL mem, const void* file, QWORD offset, DWORD length, DWORD flags, DWORD freq) {
+HMUSIC BASS_MusicLoad(BOOL mem, const void* file, QWORD offset, DWORD length, DWORD flags,
+                      DWORD freq) {
   if (mem != 0 || offset != 0 || length != 0) return 0;
   return guarded(HMUSIC{0}, [&] { return BassLibrary::instance().loadMusic(file, flags, freq); });
 }
 
 BOOL BASS_StreamFree(HSTREAM handle) {
-  return guarded(BASS_FALSE,
-                 [&] { return toBool(BassLibrary::instance().freeChannel(handle, Channel::Kind::Stream)); });
+  return guarded(BASS_FALSE, [&] {
+    return toBool(BassLibrary::instance().freeChannel(handle, Channel::Kind::Stream));
+  });
 }
 
 BOOL BASS_MusicFree(HMUSIC handle) {
-  return guarded(BASS_FALSE,
-                 [&] { return toBool(BassLibrary::instance().freeChannel(handle, Channel::Kind::Music)); });
+  return guarded(BASS_FALSE, [&] {
+    return toBool(BassLibrary::instance().freeChannel(handle, Channel::Kind::Music));
+  });
 }
 
 HFX BASS_ChannelSetFX(DWORD handle, DWORD type, int /*priority*/) {

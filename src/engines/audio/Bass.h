@@ -117,7 +117,8 @@ BOOL BASS_SetConfig(DWORD option, DWORD value);
 HSTREAM BASS_StreamCreateFile(BOOL mem, const void* file, QWORD offset, QWORD length, DWORD flags);
 // Opens a tracker module (MOD, S3M, XM, IT, ...). freq 0 renders at the output's
 // rate. 0 when the file is no module.
-HMUSIC BASS_MusicLoad(BOOL mem, const void* file, QWORD offset, DWORD length, DWORD flags, DWORD freq);
+HMUSIC BASS_MusicLoad(BOOL mem, const void* file, QWORD offset, DWORD length, DWORD flags,
+                      DWORD freq);
 // Each frees only its own kind of channel.
 BOOL BASS_StreamFree(HSTREAM handle);
 BOOL BASS_MusicFree(HMUSIC handle);

@@ -74,18 +74,19 @@ DWORD BassLibrary::createStream(const void* file, DWORD flags) {
   std::string path(static_cast<const char*>(file));
   auto decoder = openStreamDecoder(path);
   if (!decoder) return 0;
-  return adopt(std::make_unique<Channel>(Channel::Kind::Stream, std::move(decoder), std::move(path), flags,
-                                         mixer_->rate()));
+  return adopt(std::make_unique<Channel>(Channel::Kind::Stream, std::move(decoder), std::move(path),
+                                         flags, mixer_->rate()));
 }
 
 DWORD BassLibrary::loadMusic(const void* file, DWORD flags, DWORD freq) {
   if (!mixer_ || file == nullptr) return 0;
   std::string path(static_cast<const char*>(file));
   const int rate = freq >= 8000 && freq <= 192000 ? static_cast<int>(freq) : mixer_->rate();
-  auto decoder = openTrackerDecoder(path, rate, (flags & (BASS_MUSIC_RAMP | BASS_MUSIC_RAMPS)) != 0);
+  auto decoder =
+      openTrackerDecoder(path, rate, (flags & (BASS_MUSIC_RAMP | BASS_MUSIC_RAMPS)) != 0);
   if (!decoder) return 0;
-  return adopt(std::make_unique<Channel>(Channel::Kind::Music, std::move(decoder), std::move(path), flags,
-                                         mixer_->rate()));
+  return adopt(std::make_unique<Channel>(Channel::Kind::Music, std::move(decoder), std::move(path),
+                                         flags, mixer_->rate()));
 }
 
 bool BassLibrary::freeChannel(DWORD handle, Channel::Kind kind) {
@@ -106,9 +107,12 @@ DWORD BassLibrary::setEffect(DWORD handle, DWORD type) {
   Channel* target = channel(handle);
   if (target == nullptr) return 0;
   std::unique_ptr<Effect> effect;
-  if (type == BASS_FX_DX8_PARAMEQ) effect = std::make_unique<ParamEq>(target->rate(), target->channels());
-  else if (type == BASS_FX_DX8_REVERB) effect = std::make_unique<Reverb>(target->rate(), target->channels());
-  else return 0;
+  if (type == BASS_FX_DX8_PARAMEQ)
+    effect = std::make_unique<ParamEq>(target->rate(), target->channels());
+  else if (type == BASS_FX_DX8_REVERB)
+    effect = std::make_unique<Reverb>(target->rate(), target->channels());
+  else
+    return 0;
   Effect* added = target->addEffect(std::move(effect));
   if (added == nullptr) return 0;
   const DWORD fx = nextHandle_++;
@@ -143,7 +147,8 @@ DWORD BassLibrary::channelData(Channel& channel, void* buffer, DWORD length) {
   } else {
     auto* out = static_cast<std::int16_t*>(buffer);
     for (std::size_t i = 0; i < frames * chans; ++i)
-      out[i] = static_cast<std::int16_t>(std::lround(std::clamp(scratch_[i], -1.0f, 1.0f) * 32767.0f));
+      out[i] =
+          static_cast<std::int16_t>(std::lround(std::clamp(scratch_[i], -1.0f, 1.0f) * 32767.0f));
   }
   return static_cast<DWORD>(frames * chans * sampleBytes);
 }

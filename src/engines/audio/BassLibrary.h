@@ -9,8 +9,8 @@
 #include "engines/audio/AudioOutput.h"
 #include "engines/audio/Bass.h"
 #include "engines/audio/Channel.h"
-#include "engines/audio/Mixer.h"
 #include "engines/audio/FftAnalyser.h"
+#include "engines/audio/Mixer.h"
 
 #include <memory>
 #include <unordered_map>
@@ -19,7 +19,7 @@
 namespace yarvo::audio {
 
 class BassLibrary {
-public:
+ public:
   static BassLibrary& instance();
   // A program that ends without BASS_Free still stops the output before the
   // channels it plays go away.
@@ -44,7 +44,7 @@ public:
 
   DWORD channelData(Channel& channel, void* buffer, DWORD length);
 
-private:
+ private:
   DWORD adopt(std::unique_ptr<Channel> channel);
 
   // Declared so that destruction runs output, mixer, channels: nothing is

@@ -4,7 +4,8 @@ namespace yarvo::audio {
 
 BlockQueue::BlockQueue(std::size_t blocks, std::size_t framesPerBlock, int channels)
     : slots_(blocks), framesPerBlock_(framesPerBlock) {
-  for (AudioBlock& block : slots_) block.samples.resize(framesPerBlock * static_cast<std::size_t>(channels));
+  for (AudioBlock& block : slots_)
+    block.samples.resize(framesPerBlock * static_cast<std::size_t>(channels));
 }
 
 AudioBlock* BlockQueue::beginWrite() noexcept {
@@ -32,7 +33,8 @@ bool BlockQueue::empty() const noexcept {
 }
 
 bool BlockQueue::full() const noexcept {
-  return write_.load(std::memory_order_acquire) - read_.load(std::memory_order_acquire) >= slots_.size();
+  return write_.load(std::memory_order_acquire) - read_.load(std::memory_order_acquire) >=
+         slots_.size();
 }
 
 }  // namespace yarvo::audio

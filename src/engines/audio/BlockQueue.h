@@ -27,7 +27,7 @@ struct AudioBlock {
 };
 
 class BlockQueue {
-public:
+ public:
   BlockQueue(std::size_t blocks, std::size_t framesPerBlock, int channels);
 
   [[nodiscard]] std::size_t framesPerBlock() const noexcept { return framesPerBlock_; }
@@ -44,7 +44,7 @@ public:
   [[nodiscard]] bool empty() const noexcept;
   [[nodiscard]] bool full() const noexcept;
 
-private:
+ private:
   std::vector<AudioBlock> slots_;
   std::size_t framesPerBlock_;
   // Counters that only grow; the slot is the counter modulo the capacity.

@@ -30,7 +30,8 @@ std::size_t queueBlocks(int rate) {
 
 }  // namespace
 
-Channel::Channel(Kind kind, std::unique_ptr<Decoder> decoder, std::string path, DWORD flags, int outputRate)
+Channel::Channel(Kind kind, std::unique_ptr<Decoder> decoder, std::string path, DWORD flags,
+                 int outputRate)
     : kind_(kind),
       decoder_(std::move(decoder)),
       path_(std::move(path)),
@@ -80,7 +81,8 @@ bool Channel::pause() {
 
 void Channel::stop() {
   int state = state_.load(std::memory_order_acquire);
-  while (state != Ended && !state_.compare_exchange_weak(state, Stopped, std::memory_order_acq_rel)) {
+  while (state != Ended &&
+         !state_.compare_exchange_weak(state, Stopped, std::memory_order_acq_rel)) {
   }
 }
 
@@ -95,7 +97,9 @@ DWORD Channel::activity() const noexcept {
   }
 }
 
-std::uint64_t Channel::position() const noexcept { return position_.load(std::memory_order_relaxed); }
+std::uint64_t Channel::position() const noexcept {
+  return position_.load(std::memory_order_relaxed);
+}
 
 bool Channel::setPosition(std::uint64_t frame) {
   if (frame > lengthFrames_) return false;
@@ -116,11 +120,13 @@ void Channel::wakeDecoder() {
 
 // ---- Decode thread ----
 
-bool Channel::fillBlock(AudioBlock& block, std::uint64_t& nextFrame, std::uint32_t generation) noexcept {
+bool Channel::fillBlock(AudioBlock& block, std::uint64_t& nextFrame,
+                        std::uint32_t generation) noexcept {
   const auto chans = static_cast<std::size_t>(channels_);
   std::size_t filled = 0;
   while (filled < kBlockFrames) {
-    const std::size_t got = decoder_->read(block.samples.data() + filled * chans, kBlockFrames - filled);
+    const std::size_t got =
+        decoder_->read(block.samples.data() + filled * chans, kBlockFrames - filled);
     if (got == 0) break;
     filled += got;
   }
@@ -163,7 +169,8 @@ void Channel::decodeLoop(std::stop_token stop) {
     }
     std::unique_lock lock(mutex_);
     wakeDecoder_.wait_for(lock, stop, kDecoderPoll, [&] {
-      return seekGeneration_.load(std::memory_order_acquire) != generation || (!atEnd && !queue_.full());
+      return seekGeneration_.load(std::memory_order_acquire) != generation ||
+             (!atEnd && !queue_.full());
     });
   }
 }
@@ -238,7 +245,8 @@ void Channel::runEffects(float* samples, std::size_t frames) noexcept {
 }
 
 std::size_t Channel::renderAtOutputRate(float* out, std::size_t frames, bool offline) noexcept {
-  if (const auto generation = seekGeneration_.load(std::memory_order_acquire); generation != consumerGeneration_) {
+  if (const auto generation = seekGeneration_.load(std::memory_order_acquire);
+      generation != consumerGeneration_) {
     consumerGeneration_ = generation;
     blockOffset_ = 0;
     sourceFrames_ = 0;
@@ -256,7 +264,8 @@ std::size_t Channel::renderAtOutputRate(float* out, std::size_t frames, bool off
     }
     std::size_t consumed = sourceFrames_;
     std::size_t produced = frames - done;
-    resampler_->process(source_.data() + sourceOffset_ * chans, consumed, out + done * chans, produced);
+    resampler_->process(source_.data() + sourceOffset_ * chans, consumed, out + done * chans,
+                        produced);
     sourceOffset_ += consumed;
     sourceFrames_ -= consumed;
     done += produced;
@@ -273,7 +282,8 @@ void Channel::addWithRamp(const float* native, std::size_t frames, float* stereo
     return;
   }
   for (std::size_t f = 0; f < frames; ++f) {
-    ramp_ = target > ramp_ ? std::min(target, ramp_ + rampStep_) : std::max(target, ramp_ - rampStep_);
+    ramp_ =
+        target > ramp_ ? std::min(target, ramp_ + rampStep_) : std::max(target, ramp_ - rampStep_);
     const float* in = native + f * chans;
     float left = in[0];
     float right = in[0];

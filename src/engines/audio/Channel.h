@@ -36,7 +36,7 @@
 namespace yarvo::audio {
 
 class Channel {
-public:
+ public:
   enum class Kind { Stream, Music };
 
   // The most output frames one mixInto() call may ask for.
@@ -47,7 +47,8 @@ public:
   // Starts the decode thread; the channel is stopped at position 0. Throws
   // std::bad_alloc or std::system_error, which the library's entry points
   // turn into a 0 handle.
-  Channel(Kind kind, std::unique_ptr<Decoder> decoder, std::string path, DWORD flags, int outputRate);
+  Channel(Kind kind, std::unique_ptr<Decoder> decoder, std::string path, DWORD flags,
+          int outputRate);
   ~Channel();
   Channel(const Channel&) = delete;
   Channel& operator=(const Channel&) = delete;
@@ -84,7 +85,7 @@ public:
   // real-time).
   void mixInto(float* stereo, std::size_t frames, bool offline) noexcept;
 
-private:
+ private:
   enum State : int { Stopped, Playing, Paused, Ended };
   static constexpr std::size_t kMaxEffects = 32;
 

@@ -13,11 +13,14 @@ constexpr char kName[] = "Yarvo Player";
 
 // The stream's callbacks, on cubeb's threads.
 struct CubebCallbacks {
-  static long data(cubeb_stream* /*stream*/, void* user, const void* /*input*/, void* output, long frames) {
+  static long data(cubeb_stream* /*stream*/, void* user, const void* /*input*/, void* output,
+                   long frames) {
     auto* self = static_cast<CubebOutput*>(user);
     const auto count = static_cast<std::size_t>(frames);
-    if (self->failed_.load(std::memory_order_acquire)) std::memset(output, 0, count * 2 * sizeof(float));
-    else self->source_->render(static_cast<float*>(output), count);
+    if (self->failed_.load(std::memory_order_acquire))
+      std::memset(output, 0, count * 2 * sizeof(float));
+    else
+      self->source_->render(static_cast<float*>(output), count);
     return frames;
   }
 
@@ -38,9 +41,10 @@ std::unique_ptr<CubebOutput> CubebOutput::open(int wishedRate) {
   cubeb* context = nullptr;
   if (cubeb_init(&context, kName, nullptr) != CUBEB_OK || context == nullptr) return nullptr;
   std::uint32_t preferred = 0;
-  const int rate = cubeb_get_preferred_sample_rate(context, &preferred) == CUBEB_OK && preferred >= 8000
-                       ? static_cast<int>(preferred)
-                       : wishedRate;
+  const int rate =
+      cubeb_get_preferred_sample_rate(context, &preferred) == CUBEB_OK && preferred >= 8000
+          ? static_cast<int>(preferred)
+          : wishedRate;
   auto output = std::make_unique<CubebOutput>(context, rate);
   const int latency = std::max(rate * kLatencyMs / 1000, 64);
   if (!output->openStream(latency)) return nullptr;
@@ -58,8 +62,8 @@ bool CubebOutput::openStream(int latencyFrames) {
   if (cubeb_get_min_latency(context_, &params, &minimum) == CUBEB_OK)
     latencyFrames = std::max(latencyFrames, static_cast<int>(minimum));
   return cubeb_stream_init(context_, &stream_, kName, nullptr, nullptr, nullptr, &params,
-                           static_cast<std::uint32_t>(latencyFrames), CubebCallbacks::data, CubebCallbacks::state,
-                           this) == CUBEB_OK &&
+                           static_cast<std::uint32_t>(latencyFrames), CubebCallbacks::data,
+                           CubebCallbacks::state, this) == CUBEB_OK &&
          stream_ != nullptr;
 }
 
@@ -72,7 +76,8 @@ CubebOutput::~CubebOutput() {
 bool CubebOutput::start(AudioSource& source) {
   source_ = &source;
   running_ = cubeb_stream_start(stream_) == CUBEB_OK;
-  if (running_) watchdog_ = std::jthread([this](std::stop_token stop) { takeOverOnFailure(std::move(stop)); });
+  if (running_)
+    watchdog_ = std::jthread([this](std::stop_token stop) { takeOverOnFailure(std::move(stop)); });
   return running_;
 }
 

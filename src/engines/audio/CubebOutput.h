@@ -23,7 +23,7 @@ struct cubeb_stream;
 namespace yarvo::audio {
 
 class CubebOutput final : public AudioOutput {
-public:
+ public:
   // nullptr when no back end or no device can be opened.
   static std::unique_ptr<CubebOutput> open(int wishedRate);
   ~CubebOutput() override;
@@ -35,7 +35,7 @@ public:
   // Use open().
   CubebOutput(cubeb* context, int rate);
 
-private:
+ private:
   friend struct CubebCallbacks;
   bool openStream(int latencyFrames);
   void takeOverOnFailure(std::stop_token stop);

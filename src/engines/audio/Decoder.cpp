@@ -42,8 +42,11 @@ std::vector<std::uint8_t> audioHead(const std::string& path) {
 // Containers that say what they are in their first four bytes go straight to
 // libsndfile, so no sync pattern inside their samples is taken for MPEG.
 bool hasContainerMagic(const std::vector<std::uint8_t>& head) noexcept {
-  static constexpr std::array<std::array<char, 4>, 5> kMagic{
-      {{'R', 'I', 'F', 'F'}, {'O', 'g', 'g', 'S'}, {'f', 'L', 'a', 'C'}, {'F', 'O', 'R', 'M'}, {'R', 'F', '6', '4'}}};
+  static constexpr std::array<std::array<char, 4>, 5> kMagic{{{'R', 'I', 'F', 'F'},
+                                                              {'O', 'g', 'g', 'S'},
+                                                              {'f', 'L', 'a', 'C'},
+                                                              {'F', 'O', 'R', 'M'},
+                                                              {'R', 'F', '6', '4'}}};
   if (head.size() < 4) return false;
   for (const auto& magic : kMagic) {
     if (std::equal(magic.begin(), magic.end(), head.begin(),

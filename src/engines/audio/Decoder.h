@@ -17,7 +17,7 @@ namespace yarvo::audio {
 inline constexpr int kMaxChannels = 8;
 
 class Decoder {
-public:
+ public:
   virtual ~Decoder() = default;
   Decoder() = default;
   Decoder(const Decoder&) = delete;

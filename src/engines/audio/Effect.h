@@ -14,7 +14,7 @@ namespace yarvo::audio {
 class ParamEq;
 
 class Effect {
-public:
+ public:
   virtual ~Effect() = default;
   Effect() = default;
   Effect(const Effect&) = delete;

@@ -31,10 +31,12 @@ struct FftAnalyser::Impl {
 
   Impl() {
     if (!input || !output) throw std::bad_alloc();
-    plan.reset(fftwf_plan_dft_r2c_1d(static_cast<int>(kSize), input.get(), output.get(), FFTW_ESTIMATE));
+    plan.reset(
+        fftwf_plan_dft_r2c_1d(static_cast<int>(kSize), input.get(), output.get(), FFTW_ESTIMATE));
     if (!plan) throw std::bad_alloc();
     for (std::size_t n = 0; n < kSize; ++n)
-      window[n] = static_cast<float>(0.5 - 0.5 * std::cos(2.0 * std::numbers::pi * static_cast<double>(n) / kSize));
+      window[n] = static_cast<float>(
+          0.5 - 0.5 * std::cos(2.0 * std::numbers::pi * static_cast<double>(n) / kSize));
   }
 };
 
@@ -52,7 +54,8 @@ void FftAnalyser::compute(const float* interleaved, int channels, float* magnitu
   }
   fftwf_execute(impl_->plan.get());
   const fftwf_complex* out = impl_->output.get();
-  for (std::size_t k = 0; k < kBins; ++k) magnitudes[k] = std::sqrt(out[k][0] * out[k][0] + out[k][1] * out[k][1]) * kScale;
+  for (std::size_t k = 0; k < kBins; ++k)
+    magnitudes[k] = std::sqrt(out[k][0] * out[k][0] + out[k][1] * out[k][1]) * kScale;
 }
 
 }  // namespace yarvo::audio

@@ -9,7 +9,7 @@
 namespace yarvo::audio {
 
 class FftAnalyser {
-public:
+ public:
   static constexpr std::size_t kSize = 2048;
   static constexpr std::size_t kBins = kSize / 2;
 
@@ -23,7 +23,7 @@ public:
   // scaled so that a full-scale sine centred on a bin gives 1.0.
   void compute(const float* interleaved, int channels, float* magnitudes) noexcept;
 
-private:
+ private:
   struct Impl;
   std::unique_ptr<Impl> impl_;
 };

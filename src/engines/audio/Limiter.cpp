@@ -32,7 +32,8 @@ float peakOf(const float* samples, std::size_t count) noexcept {
 
 }  // namespace
 
-Limiter::Limiter(int rate) : release_(static_cast<float>(1.0 - std::exp(-1.0 / (kReleaseSeconds * rate)))) {}
+Limiter::Limiter(int rate)
+    : release_(static_cast<float>(1.0 - std::exp(-1.0 / (kReleaseSeconds * rate)))) {}
 
 void Limiter::process(float* stereo, std::size_t frames) noexcept {
   // Most blocks are quiet enough with the gain at rest: nothing to do.

@@ -14,7 +14,7 @@
 namespace yarvo::audio {
 
 class Limiter {
-public:
+ public:
   static constexpr float kCeiling = 0.98f;
 
   explicit Limiter(int rate);
@@ -24,7 +24,7 @@ public:
 
   [[nodiscard]] float gain() const noexcept { return gain_; }
 
-private:
+ private:
   float release_;
   float gain_ = 1.0f;
 };

@@ -18,7 +18,7 @@ constexpr double kVolumeSmoothingSeconds = 0.005;
 // hundred times the work of normal ones; flushing them to zero is inaudible.
 // The previous mode is restored because a test may render on its own thread.
 class FlushDenormals {
-public:
+ public:
   FlushDenormals() noexcept {
 #if defined(__SSE__)
     saved_ = _mm_getcsr();
@@ -33,7 +33,7 @@ public:
   FlushDenormals(const FlushDenormals&) = delete;
   FlushDenormals& operator=(const FlushDenormals&) = delete;
 
-private:
+ private:
   unsigned saved_ = 0;
 };
 

@@ -22,7 +22,7 @@ namespace yarvo::audio {
 class Channel;
 
 class Mixer final : public AudioSource {
-public:
+ public:
   // realTime false: channels wait for their decoders (see AudioOutput).
   Mixer(int rate, bool realTime);
 
@@ -36,7 +36,7 @@ public:
 
   void render(float* stereo, std::size_t frames) noexcept override;
 
-private:
+ private:
   void renderBlock(float* stereo, std::size_t frames) noexcept;
 
   const int rate_;

@@ -26,8 +26,8 @@ constexpr std::array<std::array<std::array<int, 15>, 3>, 2> kBitRates{{
 }};
 
 // Sample rates by [version bits][index]; version bits 1 is reserved.
-constexpr std::array<std::array<int, 3>, 4> kSampleRates{{
-    {11025, 12000, 8000}, {0, 0, 0}, {22050, 24000, 16000}, {44100, 48000, 32000}}};
+constexpr std::array<std::array<int, 3>, 4> kSampleRates{
+    {{11025, 12000, 8000}, {0, 0, 0}, {22050, 24000, 16000}, {44100, 48000, 32000}}};
 
 // Free-format frames (bit rate index 0) are refused: their length is not in
 // the header, and the sniff needs it.
@@ -42,8 +42,10 @@ std::optional<FrameHeader> parseHeader(std::span<const std::uint8_t> bytes) noex
     return std::nullopt;
   const int layer = 4 - layerBits;
   const bool mpeg1 = version == 3;
-  const int kbps = kBitRates[mpeg1 ? 0 : 1][static_cast<std::size_t>(layer - 1)][static_cast<std::size_t>(rateIndex)];
-  const int rate = kSampleRates[static_cast<std::size_t>(version)][static_cast<std::size_t>(freqIndex)];
+  const int kbps = kBitRates[mpeg1 ? 0 : 1][static_cast<std::size_t>(layer - 1)]
+                            [static_cast<std::size_t>(rateIndex)];
+  const int rate =
+      kSampleRates[static_cast<std::size_t>(version)][static_cast<std::size_t>(freqIndex)];
   int length = 0;
   if (layer == 1) {
     length = (12 * kbps * 1000 / rate + padding) * 4;
@@ -72,7 +74,7 @@ constexpr std::size_t kSyncSearch = 4096;
 constexpr int kChainedFrames = 3;
 
 class MpegDecoder final : public Decoder {
-public:
+ public:
   MpegDecoder(mpg123_handle* handle, int rate, int channels, std::uint64_t frames, int layer)
       : handle_(handle), rate_(rate), channels_(channels), frames_(frames), layer_(layer) {}
   ~MpegDecoder() override { mpg123_delete(handle_); }
@@ -81,7 +83,9 @@ public:
   int channels() const noexcept override { return channels_; }
   std::uint64_t lengthFrames() const noexcept override { return frames_; }
   std::uint32_t contentType() const noexcept override {
-    return layer_ == 1 ? BASS_CTYPE_STREAM_MP1 : layer_ == 2 ? BASS_CTYPE_STREAM_MP2 : BASS_CTYPE_STREAM_MP3;
+    return layer_ == 1   ? BASS_CTYPE_STREAM_MP1
+           : layer_ == 2 ? BASS_CTYPE_STREAM_MP2
+                         : BASS_CTYPE_STREAM_MP3;
   }
 
   std::size_t read(float* interleaved, std::size_t frames) noexcept override {
@@ -90,7 +94,8 @@ public:
     std::size_t total = 0;
     while (total < frames) {
       std::size_t done = 0;
-      const int err = mpg123_read(handle_, out + total * frameBytes, (frames - total) * frameBytes, &done);
+      const int err =
+          mpg123_read(handle_, out + total * frameBytes, (frames - total) * frameBytes, &done);
       total += done / frameBytes;
       if (err == MPG123_DONE) break;
       if (err != MPG123_OK && err != MPG123_NEW_FORMAT) break;
@@ -103,7 +108,7 @@ public:
     return mpg123_seek(handle_, static_cast<off_t>(frame), SEEK_SET) >= 0;
   }
 
-private:
+ private:
   mpg123_handle* handle_;
   int rate_;
   int channels_;

@@ -18,7 +18,8 @@ NullOutput::~NullOutput() { stop(); }
 bool NullOutput::start(AudioSource& source) {
   thread_ = std::jthread([this, &source](std::stop_token stop) {
     using Clock = std::chrono::steady_clock;
-    const auto period = std::chrono::duration_cast<Clock::duration>(std::chrono::seconds(1)) / kPeriodsPerSecond;
+    const auto period =
+        std::chrono::duration_cast<Clock::duration>(std::chrono::seconds(1)) / kPeriodsPerSecond;
     const std::size_t frames = buffer_.size() / 2;
     auto next = Clock::now();
     while (!stop.stop_requested()) {

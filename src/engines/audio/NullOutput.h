@@ -11,7 +11,7 @@
 namespace yarvo::audio {
 
 class NullOutput final : public AudioOutput {
-public:
+ public:
   explicit NullOutput(int rate);
   ~NullOutput() override;
 
@@ -19,7 +19,7 @@ public:
   bool start(AudioSource& source) override;
   void stop() noexcept override;
 
-private:
+ private:
   int rate_;
   std::vector<float> buffer_;
   std::jthread thread_;

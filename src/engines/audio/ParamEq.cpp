@@ -52,7 +52,8 @@ void ParamEq::updateCoefficients() noexcept {
     z1_.fill(0.0f);
     z2_.fill(0.0f);
   }
-  const double center = std::min(static_cast<double>(center_.load(std::memory_order_relaxed)), kMaxCenterShareOfRate * rate_);
+  const double center = std::min(static_cast<double>(center_.load(std::memory_order_relaxed)),
+                                 kMaxCenterShareOfRate * rate_);
   const double octaves = static_cast<double>(bandwidth_.load(std::memory_order_relaxed)) / 12.0;
   const double w0 = 2.0 * std::numbers::pi * center / rate_;
   const double sinW0 = std::sin(w0);
@@ -83,8 +84,10 @@ void ParamEq::processCascade(ParamEq* const* bands, std::size_t count, float* in
                              std::size_t frames) noexcept {
   count = std::min(count, kMaxCascade);
   if (count == 0) return;
-  if (bands[0]->channels_ == 2) cascadeStereo(bands, count, interleaved, frames);
-  else cascadeAny(bands, count, interleaved, frames);
+  if (bands[0]->channels_ == 2)
+    cascadeStereo(bands, count, interleaved, frames);
+  else
+    cascadeAny(bands, count, interleaved, frames);
 }
 
 namespace {
@@ -114,7 +117,8 @@ struct Wavefront {
 // The frame loop with the number of register pairs known to the compiler,
 // so that the state stays in registers.
 template <std::size_t Pairs>
-void runWavefront(Wavefront& w, std::size_t outLane, float* interleaved, std::size_t frames) noexcept {
+void runWavefront(Wavefront& w, std::size_t outLane, float* interleaved,
+                  std::size_t frames) noexcept {
   std::array<V4, Pairs> z1, z2, in, y;
   for (std::size_t v = 0; v < Pairs; ++v) {
     z1[v] = w.z1[v];
@@ -132,7 +136,8 @@ void runWavefront(Wavefront& w, std::size_t outLane, float* interleaved, std::si
     x[0] = y[Pairs - 1][outLane];
     x[1] = y[Pairs - 1][outLane + 1];
     // Each band's output moves on to the next band: two lanes up.
-    for (std::size_t v = Pairs - 1; v > 0; --v) in[v] = V4{y[v - 1][2], y[v - 1][3], y[v][0], y[v][1]};
+    for (std::size_t v = Pairs - 1; v > 0; --v)
+      in[v] = V4{y[v - 1][2], y[v - 1][3], y[v][0], y[v][1]};
     in[0] = V4{0.0f, 0.0f, y[0][0], y[0][1]};
   }
   for (std::size_t v = 0; v < Pairs; ++v) {
@@ -201,8 +206,8 @@ bool ParamEq::restingStereo(ParamEq* const* bands, std::size_t count) noexcept {
   for (std::size_t s = 0; s < count; ++s) {
     ParamEq& band = *bands[s];
     // Every band takes its new parameters, resting or not.
-    resting = !band.refresh() && band.z1_[0] == 0.0f && band.z1_[1] == 0.0f && band.z2_[0] == 0.0f &&
-              band.z2_[1] == 0.0f && resting;
+    resting = !band.refresh() && band.z1_[0] == 0.0f && band.z1_[1] == 0.0f &&
+              band.z2_[0] == 0.0f && band.z2_[1] == 0.0f && resting;
   }
   return resting;
 }

@@ -14,7 +14,7 @@
 namespace yarvo::audio {
 
 class ParamEq final : public Effect {
-public:
+ public:
   ParamEq(int rate, int channels);
 
   bool setParameters(const void* record) noexcept override;
@@ -28,7 +28,7 @@ public:
   static void processCascade(ParamEq* const* bands, std::size_t count, float* interleaved,
                              std::size_t frames) noexcept;
 
-private:
+ private:
   // Normalised by a0; transposed direct form II.
   struct Coefficients {
     float b0 = 1.0f, b1 = 0.0f, b2 = 0.0f, a1 = 0.0f, a2 = 0.0f;

@@ -15,7 +15,7 @@
 namespace yarvo::audio {
 
 class RecentSamples {
-public:
+ public:
   RecentSamples(std::size_t frames, int channels);
 
   [[nodiscard]] int channels() const noexcept { return channels_; }
@@ -27,7 +27,7 @@ public:
   // nothing was heard yet. `frames` is at most the capacity given.
   void newest(float* interleaved, std::size_t frames) const noexcept;
 
-private:
+ private:
   std::size_t capacity_;
   int channels_;
   std::unique_ptr<std::atomic<float>[]> ring_;

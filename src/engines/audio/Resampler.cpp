@@ -25,7 +25,8 @@ void Resampler::StateDeleter::operator()(SpeexResamplerState_* state) const noex
   speex_resampler_destroy(state);
 }
 
-void Resampler::process(const float* in, std::size_t& inFrames, float* out, std::size_t& outFrames) noexcept {
+void Resampler::process(const float* in, std::size_t& inFrames, float* out,
+                        std::size_t& outFrames) noexcept {
   auto inLen = static_cast<spx_uint32_t>(inFrames);
   auto outLen = static_cast<spx_uint32_t>(outFrames);
   speex_resampler_process_interleaved_float(state_.get(), in, &inLen, out, &outLen);

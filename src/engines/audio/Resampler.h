@@ -13,7 +13,7 @@ struct SpeexResamplerState_;
 namespace yarvo::audio {
 
 class Resampler {
-public:
+ public:
   struct StateDeleter {
     void operator()(SpeexResamplerState_* state) const noexcept;
   };
@@ -29,7 +29,7 @@ public:
   // Forgets the history, after a seek.
   void reset() noexcept;
 
-private:
+ private:
   State state_;
 };
 

@@ -11,7 +11,8 @@ namespace {
 
 // Line lengths at 44.1 kHz, 32 to 63 ms, mutually prime so their echoes do
 // not pile up on common multiples.
-constexpr std::array<std::size_t, Reverb::kLines> kLineLengths{1433, 1601, 1867, 2053, 2251, 2399, 2617, 2789};
+constexpr std::array<std::size_t, Reverb::kLines> kLineLengths{1433, 1601, 1867, 2053,
+                                                               2251, 2399, 2617, 2789};
 // Diffuser lengths at 44.1 kHz (2.4 to 8.6 ms) and their feedback.
 constexpr std::array<std::size_t, Reverb::kDiffusers> kDiffuserLengths{142, 107, 379, 277};
 constexpr std::array<float, Reverb::kDiffusers> kDiffuserGains{0.75f, 0.75f, 0.625f, 0.625f};
@@ -44,7 +45,8 @@ using V4i = int __attribute__((vector_size(16)));
 
 // (p0 + p1) + (p2 + p3) and the same of q, with two shuffles for both.
 void sum4Pair(V4 p, V4 q, float& sumP, float& sumQ) noexcept {
-  const V4 pairs = __builtin_shuffle(p, q, V4i{0, 4, 2, 6}) + __builtin_shuffle(p, q, V4i{1, 5, 3, 7});
+  const V4 pairs =
+      __builtin_shuffle(p, q, V4i{0, 4, 2, 6}) + __builtin_shuffle(p, q, V4i{1, 5, 3, 7});
   sumP = pairs[0] + pairs[2];
   sumQ = pairs[1] + pairs[3];
 }
@@ -84,8 +86,10 @@ Reverb::Reverb(int rate, int channels) : rate_(rate), channels_(channels) {
   ring_.assign(frames * kLines, 0.0f);
   ringMask_ = frames - 1;
   for (std::size_t i = 0; i < kDiffusers; ++i)
-    diffusers_[i].init(static_cast<std::size_t>(std::lround(static_cast<double>(kDiffuserLengths[i]) * scale)));
-  shelfCoef_ = 1.0f - std::exp(-2.0f * std::numbers::pi_v<float> * kShelfHz / static_cast<float>(rate));
+    diffusers_[i].init(
+        static_cast<std::size_t>(std::lround(static_cast<double>(kDiffuserLengths[i]) * scale)));
+  shelfCoef_ =
+      1.0f - std::exp(-2.0f * std::numbers::pi_v<float> * kShelfHz / static_cast<float>(rate));
   wetSmoothing_ = static_cast<float>(1.0 - std::exp(-1.0 / (kWetSmoothingSeconds * rate)));
   for (const Delay& d : diffusers_) blockFrames_ = std::min(blockFrames_, d.length);
   blockFrames_ = std::min(blockFrames_, lineLengths_.front());
@@ -116,7 +120,8 @@ void Reverb::updateParameters() noexcept {
   inGain_ = dbToGain(inGainDb_.load(std::memory_order_relaxed));
   wetTarget_ = dbToGain(mixDb_.load(std::memory_order_relaxed));
   const double seconds = static_cast<double>(timeMs_.load(std::memory_order_relaxed)) / 1000.0;
-  const double highSeconds = seconds * static_cast<double>(hfRatio_.load(std::memory_order_relaxed));
+  const double highSeconds =
+      seconds * static_cast<double>(hfRatio_.load(std::memory_order_relaxed));
   for (std::size_t i = 0; i < kLines; ++i) {
     // A pass through a line of d samples must lose d / (T60 * rate) of 60 dB.
     const double passes = static_cast<double>(lineLengths_[i]) / rate_;
@@ -234,8 +239,10 @@ void Reverb::processBlock(float* interleaved, std::size_t frames) noexcept {
   cursor_ += frames;
   store4(shelfState_.data(), shelfLo);
   store4(shelfState_.data() + 4, shelfHi);
-  if (chans == 2) mixStereo(interleaved, frames);
-  else mixAny(interleaved, frames);
+  if (chans == 2)
+    mixStereo(interleaved, frames);
+  else
+    mixAny(interleaved, frames);
 }
 
 // The wet level lives in a register: the samples are floats too, and a store

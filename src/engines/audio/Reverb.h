@@ -23,7 +23,7 @@
 namespace yarvo::audio {
 
 class Reverb final : public Effect {
-public:
+ public:
   Reverb(int rate, int channels);
 
   bool setParameters(const void* record) noexcept override;
@@ -33,7 +33,7 @@ public:
   static constexpr std::size_t kLines = 8;
   static constexpr std::size_t kDiffusers = 4;
 
-private:
+ private:
   // A delay line whose length is fixed at construction; the buffer is a power
   // of two so the index wraps with a mask.
   struct Delay {

@@ -26,13 +26,15 @@ std::uint32_t contentTypeOf(int format) noexcept {
 }
 
 class SndfileDecoder final : public Decoder {
-public:
+ public:
   SndfileDecoder(SNDFILE* file, const SF_INFO& info) : file_(file), info_(info) {}
   ~SndfileDecoder() override { sf_close(file_); }
 
   int rate() const noexcept override { return info_.samplerate; }
   int channels() const noexcept override { return info_.channels; }
-  std::uint64_t lengthFrames() const noexcept override { return static_cast<std::uint64_t>(info_.frames); }
+  std::uint64_t lengthFrames() const noexcept override {
+    return static_cast<std::uint64_t>(info_.frames);
+  }
   std::uint32_t contentType() const noexcept override { return contentTypeOf(info_.format); }
 
   std::size_t read(float* interleaved, std::size_t frames) noexcept override {
@@ -44,7 +46,7 @@ public:
     return sf_seek(file_, static_cast<sf_count_t>(frame), SEEK_SET) >= 0;
   }
 
-private:
+ private:
   SNDFILE* file_;
   SF_INFO info_;
 };

@@ -21,17 +21,21 @@ std::uint32_t contentTypeOf(openmpt_module* module) noexcept {
   const char* type = openmpt_module_get_metadata(module, "type");
   std::uint32_t result = BASS_CTYPE_MUSIC_MOD;
   if (type != nullptr) {
-    if (std::strcmp(type, "s3m") == 0) result = BASS_CTYPE_MUSIC_S3M;
-    else if (std::strcmp(type, "xm") == 0) result = BASS_CTYPE_MUSIC_XM;
-    else if (std::strcmp(type, "it") == 0) result = BASS_CTYPE_MUSIC_IT;
-    else if (std::strcmp(type, "mtm") == 0) result = BASS_CTYPE_MUSIC_MTM;
+    if (std::strcmp(type, "s3m") == 0)
+      result = BASS_CTYPE_MUSIC_S3M;
+    else if (std::strcmp(type, "xm") == 0)
+      result = BASS_CTYPE_MUSIC_XM;
+    else if (std::strcmp(type, "it") == 0)
+      result = BASS_CTYPE_MUSIC_IT;
+    else if (std::strcmp(type, "mtm") == 0)
+      result = BASS_CTYPE_MUSIC_MTM;
     openmpt_free_string(type);
   }
   return result;
 }
 
 class TrackerDecoder final : public Decoder {
-public:
+ public:
   TrackerDecoder(openmpt_module* module, int rate)
       : module_(module), rate_(rate), contentType_(contentTypeOf(module)) {
     const double seconds = openmpt_module_get_duration_seconds(module);
@@ -53,7 +57,7 @@ public:
     return true;
   }
 
-private:
+ private:
   openmpt_module* module_;
   int rate_;
   std::uint32_t contentType_;
@@ -81,9 +85,9 @@ std::unique_ptr<Decoder> openTrackerDecoder(const std::string& path, int rate, b
   // The C interface reports failure by result, never by exception, and the
   // silent log keeps libopenmpt from writing to stderr.
   int error = 0;
-  openmpt_module* module =
-      openmpt_module_create_from_memory2(bytes.data(), bytes.size(), openmpt_log_func_silent, nullptr,
-                                         openmpt_error_func_ignore, nullptr, &error, nullptr, nullptr);
+  openmpt_module* module = openmpt_module_create_from_memory2(
+      bytes.data(), bytes.size(), openmpt_log_func_silent, nullptr, openmpt_error_func_ignore,
+      nullptr, &error, nullptr, nullptr);
   if (module == nullptr) return nullptr;
   openmpt_module_set_render_param(module, OPENMPT_MODULE_RENDER_VOLUMERAMPING_STRENGTH,
                                   ramping ? kRampingStrength : 0);

@@ -31,54 +31,54 @@ class MpvPlayer;
 // without `from` on a media at its real end starts it again. Play and seek
 // return when mpv has settled at the new position.
 class MciDevice {
-public:
-    // Opens `path`; on success `device` holds the open media. `parent` is the
-    // native window that the picture fills, 0 for none.
-    static MciError open(const std::string& path, std::uint64_t parent,
-                         const MciServiceOptions& options, std::unique_ptr<MciDevice>& device);
+ public:
+  // Opens `path`; on success `device` holds the open media. `parent` is the
+  // native window that the picture fills, 0 for none.
+  static MciError open(const std::string& path, std::uint64_t parent,
+                       const MciServiceOptions& options, std::unique_ptr<MciDevice>& device);
 
-    MciDevice(const MciDevice&) = delete;
-    MciDevice& operator=(const MciDevice&) = delete;
-    ~MciDevice();
+  MciDevice(const MciDevice&) = delete;
+  MciDevice& operator=(const MciDevice&) = delete;
+  ~MciDevice();
 
-    MciError play(std::optional<std::int64_t> from, std::optional<std::int64_t> to);
-    MciError pause();
-    MciError resume();
-    MciError stop();
-    MciError seek(std::int64_t to);
-    MciError setVolume(MciChannel channel, std::int64_t volume);  // volume 0 to 1000
-    MciError putWindow(const MciRect& rect);
-    void setTimeFormat(MciTimeFormat format) { timeFormat_ = format; }
+  MciError play(std::optional<std::int64_t> from, std::optional<std::int64_t> to);
+  MciError pause();
+  MciError resume();
+  MciError stop();
+  MciError seek(std::int64_t to);
+  MciError setVolume(MciChannel channel, std::int64_t volume);  // volume 0 to 1000
+  MciError putWindow(const MciRect& rect);
+  void setTimeFormat(MciTimeFormat format) { timeFormat_ = format; }
 
-    // The reply of "status <alias> <item>" in decimal text or the mode word.
-    MciError status(MciStatusItem item, std::string& reply);
-    // "x y width height" of the picture in its window; fails without a picture.
-    MciError whereDestination(std::string& reply) const;
+  // The reply of "status <alias> <item>" in decimal text or the mode word.
+  MciError status(MciStatusItem item, std::string& reply);
+  // "x y width height" of the picture in its window; fails without a picture.
+  MciError whereDestination(std::string& reply) const;
 
-    // Made by `open`, around a player that has loaded its file.
-    MciDevice(std::unique_ptr<MpvPlayer> player, const MciServiceOptions& options);
+  // Made by `open`, around a player that has loaded its file.
+  MciDevice(std::unique_ptr<MpvPlayer> player, const MciServiceOptions& options);
 
-private:
-    enum class Mode { Stopped, Playing, Paused };
+ private:
+  enum class Mode { Stopped, Playing, Paused };
 
-    void inspect();
-    double unitsPerSecond() const;
-    std::optional<std::int64_t> lengthUnits();
-    std::int64_t positionUnits();
-    void refreshMode();
-    void seekSeconds(double seconds);
-    bool applyChannelGains();
+  void inspect();
+  double unitsPerSecond() const;
+  std::optional<std::int64_t> lengthUnits();
+  std::int64_t positionUnits();
+  void refreshMode();
+  void seekSeconds(double seconds);
+  bool applyChannelGains();
 
-    std::unique_ptr<MpvPlayer> player_;
-    MciServiceOptions options_;
-    MciTimeFormat timeFormat_ = MciTimeFormat::Frames;
-    Mode mode_ = Mode::Stopped;
-    bool hasPicture_ = false;
-    double framesPerSecond_ = 0;
-    MciRect destination_;
-    std::optional<double> playEnd_;  // seconds; where the last "play ... to" stops
-    double leftGain_ = 1.0;
-    double rightGain_ = 1.0;
+  std::unique_ptr<MpvPlayer> player_;
+  MciServiceOptions options_;
+  MciTimeFormat timeFormat_ = MciTimeFormat::Frames;
+  Mode mode_ = Mode::Stopped;
+  bool hasPicture_ = false;
+  double framesPerSecond_ = 0;
+  MciRect destination_;
+  std::optional<double> playEnd_;  // seconds; where the last "play ... to" stops
+  double leftGain_ = 1.0;
+  double rightGain_ = 1.0;
 };
 
 }  // namespace yarvo

@@ -9,22 +9,22 @@ namespace yarvo {
 // the numbers of the classic MCI error codes they stand for, so that logs of
 // either read alike.
 enum class MciError : std::uint32_t {
-    None = 0,
-    UnrecognizedKeyword = 259,
-    UnrecognizedCommand = 261,
-    InvalidDeviceName = 263,
-    EngineFailed = 266,
-    MissingCommand = 267,
-    ReplyTooLong = 268,
-    MissingValue = 269,
-    BadInteger = 270,
-    UnsupportedFunction = 274,
-    FileNotFound = 275,
-    OutOfRange = 282,
-    DuplicateAlias = 289,
-    UnplayableFile = 304,
-    NoPicture = 324,
-    Timeout = 345,
+  None = 0,
+  UnrecognizedKeyword = 259,
+  UnrecognizedCommand = 261,
+  InvalidDeviceName = 263,
+  EngineFailed = 266,
+  MissingCommand = 267,
+  ReplyTooLong = 268,
+  MissingValue = 269,
+  BadInteger = 270,
+  UnsupportedFunction = 274,
+  FileNotFound = 275,
+  OutOfRange = 282,
+  DuplicateAlias = 289,
+  UnplayableFile = 304,
+  NoPicture = 324,
+  Timeout = 345,
 };
 
 // The English text of a code, or nothing for a number that is no code.

@@ -8,19 +8,19 @@ namespace yarvo {
 // How the media service plays. The program keeps the defaults; tests ask for
 // silence and no picture, so that they run without sound card or display.
 struct MciServiceOptions {
-    // mpv audio output: "" lets mpv choose and plays silently when the machine
-    // has no sound device; "null" never makes a sound.
-    std::string audioOutput;
+  // mpv audio output: "" lets mpv choose and plays silently when the machine
+  // has no sound device; "null" never makes a sound.
+  std::string audioOutput;
 
-    // False never draws a picture, as on a machine without a display. When
-    // true, a picture is drawn only if an open names a parent window that
-    // exists on the X11 display named by DISPLAY; otherwise the media plays
-    // with its picture going nowhere.
-    bool drawPictures = true;
+  // False never draws a picture, as on a machine without a display. When
+  // true, a picture is drawn only if an open names a parent window that
+  // exists on the X11 display named by DISPLAY; otherwise the media plays
+  // with its picture going nowhere.
+  bool drawPictures = true;
 
-    // Longest wait for a file to load, for its first picture and for a seek
-    // to settle. A file that takes longer fails to open.
-    std::chrono::milliseconds timeout{10000};
+  // Longest wait for a file to load, for its first picture and for a seek
+  // to settle. A file that takes longer fails to open.
+  std::chrono::milliseconds timeout{10000};
 };
 
 }  // namespace yarvo

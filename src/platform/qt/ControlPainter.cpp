@@ -15,7 +15,9 @@ namespace yarvo {
 
 namespace {
 
-QString Q(const std::string& text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+QString Q(const std::string& text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 QRect PixelRect(const Control& c) {
   return {c.Left / kTwipsPerPixel, c.Top / kTwipsPerPixel, c.Width / kTwipsPerPixel,
@@ -46,7 +48,8 @@ void PaintListBox(QPainter& p, const ListBox& list, const QRect& r, const QPalet
   p.setFont(font);
   const int rowHeight = list.RowHeight();
   int y = r.top() + 1;
-  for (int row = std::max(0, list.TopIndex.get()); row < list.ListCount() && y < r.bottom(); ++row) {
+  for (int row = std::max(0, list.TopIndex.get()); row < list.ListCount() && y < r.bottom();
+       ++row) {
     const QRect line(r.left() + 1, y, r.width() - 2, rowHeight);
     if (list.IsSelected(row)) p.fillRect(line, palette.color(QPalette::Highlight));
     p.setPen(list.IsSelected(row) ? palette.color(QPalette::HighlightedText)
@@ -119,7 +122,8 @@ void PaintChoice(QPainter& p, const std::string& caption, bool on, bool round, c
   p.drawText(r.adjusted(18, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, Q(caption));
 }
 
-void PaintControlIn(QPainter& painter, const Control& control, const QRect& r, const QPalette& palette) {
+void PaintControlIn(QPainter& painter, const Control& control, const QRect& r,
+                    const QPalette& palette) {
   if (const auto* label = dynamic_cast<const Label*>(&control)) {
     PaintLabel(painter, *label, r, palette);
   } else if (const auto* list = dynamic_cast<const ListBox*>(&control)) {
@@ -142,10 +146,14 @@ void PaintControlIn(QPainter& painter, const Control& control, const QRect& r, c
 QColor ToQColor(unsigned int colour, const QPalette& palette) {
   if (colour & 0x80000000u) {
     switch (colour & 0xFFu) {
-      case 0x05: return palette.color(QPalette::Base);
-      case 0x08: return palette.color(QPalette::Text);
-      case 0x12: return palette.color(QPalette::ButtonText);
-      default: return palette.color(QPalette::Button);
+      case 0x05:
+        return palette.color(QPalette::Base);
+      case 0x08:
+        return palette.color(QPalette::Text);
+      case 0x12:
+        return palette.color(QPalette::ButtonText);
+      default:
+        return palette.color(QPalette::Button);
     }
   }
   return QColor(int(colour & 0xFF), int((colour >> 8) & 0xFF), int((colour >> 16) & 0xFF));

@@ -30,7 +30,8 @@ constexpr const char* kProgramName = "Yarvo Player";
 
 QString WindowTitle(const std::string& caption) {
   QString title = QString::fromStdString(caption);
-  if (!title.contains(kProgramName)) title += title.isEmpty() ? kProgramName : QString(" - ") + kProgramName;
+  if (!title.contains(kProgramName))
+    title += title.isEmpty() ? kProgramName : QString(" - ") + kProgramName;
   return title;
 }
 
@@ -78,7 +79,8 @@ void FormHost::SyncWindow() {
   const QString title = WindowTitle(form_.Caption);
   if (windowTitle() != title) setWindowTitle(title);
   const QRect wanted(form_.Left / kTwipsPerPixel, form_.Top / kTwipsPerPixel,
-                     std::max(1, form_.Width / kTwipsPerPixel), std::max(1, form_.Height / kTwipsPerPixel));
+                     std::max(1, form_.Width / kTwipsPerPixel),
+                     std::max(1, form_.Height / kTwipsPerPixel));
   if (geometry() != wanted) setGeometry(wanted);
   const bool onTop = windowFlags().testFlag(Qt::WindowStaysOnTopHint);
   if (onTop != form_.AlwaysOnTop.get()) setWindowFlag(Qt::WindowStaysOnTopHint, form_.AlwaysOnTop);
@@ -89,7 +91,8 @@ void FormHost::Sync() {
   SyncWindow();
   if (isVisible() != form_.Visible.get()) setVisible(form_.Visible);
   const bool minimized = form_.WindowState == WindowState::Minimized;
-  if (isMinimized() != minimized) setWindowState(minimized ? Qt::WindowMinimized : Qt::WindowNoState);
+  if (isMinimized() != minimized)
+    setWindowState(minimized ? Qt::WindowMinimized : Qt::WindowNoState);
   SyncSurfaces();
   update();
   syncing_ = false;
@@ -110,8 +113,8 @@ void FormHost::SyncSurfaces() {
       surface->setPalette(black);
       box->hWnd = static_cast<std::uintptr_t>(surface->winId());
     }
-    surface->setGeometry(box->Left / kTwipsPerPixel, box->Top / kTwipsPerPixel, box->Width / kTwipsPerPixel,
-                         box->Height / kTwipsPerPixel);
+    surface->setGeometry(box->Left / kTwipsPerPixel, box->Top / kTwipsPerPixel,
+                         box->Width / kTwipsPerPixel, box->Height / kTwipsPerPixel);
     surface->setVisible(box->Visible);
   }
 }

@@ -11,7 +11,9 @@ namespace yarvo {
 
 namespace {
 
-QString FromUtf8(const std::string& text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+QString FromUtf8(const std::string& text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 // "Media (*.mp3)" with patterns "*.mp3;*.wav" becomes "Media (*.mp3 *.wav)":
 // Qt separates patterns by blanks.
@@ -41,7 +43,9 @@ std::string QtDesktop::BrowseForFolder(const std::string& title) {
   return QFileDialog::getExistingDirectory(nullptr, FromUtf8(title)).toStdString();
 }
 
-void QtDesktop::OpenWebPage(const std::string& url) { QDesktopServices::openUrl(QUrl(FromUtf8(url))); }
+void QtDesktop::OpenWebPage(const std::string& url) {
+  QDesktopServices::openUrl(QUrl(FromUtf8(url)));
+}
 
 TwipsSize QtDesktop::ScreenSize() const {
   const QScreen* screen = QGuiApplication::primaryScreen();

@@ -11,7 +11,8 @@ void QtTimerScheduler::Arm(Timer& timer) {
   // Short intervals (the visualisation's 25 ms) need the precise timer; the
   // coarse one may be 5 % late.
   qtimer->setTimerType(timer.Interval < 100 ? Qt::PreciseTimer : Qt::CoarseTimer);
-  QObject::connect(qtimer, &QTimer::timeout, [&timer] { QtEvents::Dispatch([&timer] { timer.Fire(); }); });
+  QObject::connect(qtimer, &QTimer::timeout,
+                   [&timer] { QtEvents::Dispatch([&timer] { timer.Fire(); }); });
   qtimer->start(timer.Interval);
   timers_[&timer] = qtimer;
 }

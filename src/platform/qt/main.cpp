@@ -8,14 +8,14 @@
 
 #include "core/Program.h"
 #include "core/RandomSource.h"
-#include "engines/BassApi.h"
 #include "core/form/Events.h"
 #include "core/form/RuntimeError.h"
+#include "engines/BassApi.h"
+#include "engines/media/MCore.h"
 #include "platform/PosixProcess.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/QtTimerScheduler.h"
 #include "platform/qt/QtWindowGeometry.h"
-#include "engines/media/MCore.h"
 #include "platform/qt/WindowHosts.h"
 #include "windows/Main.h"
 
@@ -36,7 +36,9 @@ void ChooseOffscreenWithoutDisplay() {
 // The media service asks our windows for their size while the program runs.
 class GeometryInUse {
  public:
-  explicit GeometryInUse(const yarvo::WindowGeometry& geometry) { yarvo::setMciWindowGeometry(&geometry); }
+  explicit GeometryInUse(const yarvo::WindowGeometry& geometry) {
+    yarvo::setMciWindowGeometry(&geometry);
+  }
   ~GeometryInUse() { yarvo::setMciWindowGeometry(nullptr); }
   GeometryInUse(const GeometryInUse&) = delete;
   GeometryInUse& operator=(const GeometryInUse&) = delete;

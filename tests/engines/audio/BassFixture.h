@@ -16,7 +16,7 @@
 namespace yarvo::audio::test {
 
 class BassFixture : public ::testing::Test {
-protected:
+ protected:
   // Override before SetUp runs (in the derived constructor) to change them.
   int outputRate_ = 44100;
   CaptureOutput::Pace pace_ = CaptureOutput::Pace::Manual;
@@ -39,7 +39,8 @@ protected:
     return BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX | BASS_UNICODE);
   }
   HMUSIC loadMusic(const std::filesystem::path& path) {
-    return BASS_MusicLoad(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX | BASS_MUSIC_RAMP | BASS_UNICODE, 0);
+    return BASS_MusicLoad(BASS_FALSE, path.c_str(), 0, 0,
+                          BASS_SAMPLE_FX | BASS_MUSIC_RAMP | BASS_UNICODE, 0);
   }
 
   // Manual pace: renders `seconds` of output and returns it.

@@ -36,7 +36,8 @@ void CaptureOutput::stop() noexcept {
 }
 
 void CaptureOutput::pump(std::size_t frames) {
-  if (pace_ != Pace::Manual || source_ == nullptr) throw std::logic_error("pump needs a started manual output");
+  if (pace_ != Pace::Manual || source_ == nullptr)
+    throw std::logic_error("pump needs a started manual output");
   std::vector<float> buffer(2 * frames);
   source_->render(buffer.data(), frames);
   std::lock_guard lock(mutex_);

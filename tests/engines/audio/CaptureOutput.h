@@ -13,7 +13,7 @@
 namespace yarvo::audio::test {
 
 class CaptureOutput final : public AudioOutput {
-public:
+ public:
   enum class Pace { Manual, RealTime };
 
   CaptureOutput(int rate, Pace pace) : rate_(rate), pace_(pace) {}
@@ -29,7 +29,7 @@ public:
   // The stereo frames captured since the last take().
   std::vector<float> take();
 
-private:
+ private:
   int rate_;
   Pace pace_;
   AudioSource* source_ = nullptr;

@@ -46,7 +46,9 @@ TEST_F(ChannelDataTest, SpectrumFollowsWhatIsHeardNotWhatWasDecoded) {
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   render(0.9);
   auto fft = spectrumOf(stream);
-  const auto bin = [](double hz) { return static_cast<std::size_t>(std::lround(hz * 2048 / 44100)); };
+  const auto bin = [](double hz) {
+    return static_cast<std::size_t>(std::lround(hz * 2048 / 44100));
+  };
   EXPECT_GT(fft[bin(500)], 0.2f);
   EXPECT_LT(fft[bin(3000)], 0.01f);
   render(0.2);

@@ -3,8 +3,8 @@
 
 #include "BassFixture.h"
 
-#include <cmath>
 #include <chrono>
+#include <cmath>
 #include <cstdlib>
 #include <random>
 #include <thread>
@@ -13,7 +13,7 @@ namespace yarvo::audio::test {
 namespace {
 
 class ChannelLifecycleTest : public BassFixture {
-protected:
+ protected:
   HSTREAM openTone(double seconds = 3.0) {
     const auto path = dir_.file("tone.wav");
     writeWav(path, sine(1000.0, 0.25, seconds));
@@ -32,7 +32,8 @@ TEST_F(ChannelLifecycleTest, TrackerModuleIsMusicNotAStream) {
   EXPECT_EQ(info.ctype, BASS_CTYPE_MUSIC_MOD);
   EXPECT_EQ(info.chans, 2u);
   // 64 rows at speed 6 and 125 BPM: 7.68 s.
-  EXPECT_NEAR(BASS_ChannelBytes2Seconds(music, BASS_ChannelGetLength(music, BASS_POS_BYTE)), 7.68, 0.05);
+  EXPECT_NEAR(BASS_ChannelBytes2Seconds(music, BASS_ChannelGetLength(music, BASS_POS_BYTE)), 7.68,
+              0.05);
 
   // Found by content: named like an MP3 it is still no stream.
   const auto renamed = dir_.file("song.mp3");
@@ -62,7 +63,8 @@ TEST_F(ChannelLifecycleTest, StreamsAreNotMusic) {
 }
 
 TEST_F(ChannelLifecycleTest, PathsAreUtf8) {
-  const auto path = dir_.file("\xC8\x98tefan \xE2\x80\x93 c\xC3\xA2ntec.wav");  // "Ștefan – cântec.wav"
+  const auto path =
+      dir_.file("\xC8\x98tefan \xE2\x80\x93 c\xC3\xA2ntec.wav");  // "Ștefan – cântec.wav"
   writeWav(path, sine(1000.0, 0.25, 1.0));
   const HSTREAM stream = openStream(path);
   ASSERT_NE(stream, 0u);
@@ -124,7 +126,8 @@ TEST_F(ChannelLifecycleTest, PausedChannelStaysActiveAndStandsStill) {
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   const auto resumed = render(0.5);
   EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_PLAYING);
-  EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)), 1.0, 0.01);
+  EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)),
+              1.0, 0.01);
   EXPECT_NEAR(toneAmplitude(resumed, 0, 1000.0, 44100, 4410, 17640), 0.25, 0.01);
 }
 
@@ -157,7 +160,8 @@ TEST_F(ChannelLifecycleTest, SeekingMovesThePositionAndTheSound) {
   const auto out = render(0.3);
   EXPECT_NEAR(toneAmplitude(out, 0, 2000.0, 44100, 2205, 8820), 0.25, 0.01);
   EXPECT_LT(toneAmplitude(out, 0, 500.0, 44100, 2205, 8820), 0.01);
-  EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)), 1.8, 0.01);
+  EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)),
+              1.8, 0.01);
   EXPECT_FALSE(BASS_ChannelSetPosition(stream, 10 * target, BASS_POS_BYTE));
 }
 
@@ -272,7 +276,8 @@ TEST(LibraryExitTest, EndingWhilePlayingExitsCleanly) {
   EXPECT_EXIT(
       {
         BASS_Init(0, 44100, 0, nullptr, nullptr);
-        const HSTREAM stream = BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX);
+        const HSTREAM stream =
+            BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX);
         BASS_ChannelSetFX(stream, BASS_FX_DX8_REVERB, 0);
         BASS_ChannelPlay(stream, BASS_FALSE);
         std::this_thread::sleep_for(std::chrono::milliseconds(200));

@@ -28,17 +28,21 @@ namespace {
 
 // A child process, ended with SIGTERM and reaped when this goes out of scope.
 class Child {
-public:
+ public:
   // With `logToOutput` the child's stderr goes to `output` too.
-  Child(std::vector<std::string> argv, const std::filesystem::path& output, bool logToOutput = false) {
+  Child(std::vector<std::string> argv, const std::filesystem::path& output,
+        bool logToOutput = false) {
     std::vector<char*> args;
     for (auto& a : argv) args.push_back(a.data());
     args.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    if (logToOutput) posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
-    else posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    if (logToOutput)
+      posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
+    else
+      posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     if (posix_spawnp(&pid_, args[0], &actions, nullptr, args.data(), environ) != 0) pid_ = -1;
     posix_spawn_file_actions_destroy(&actions);
   }
@@ -55,14 +59,18 @@ public:
     pid_ = -1;
   }
 
-private:
+ private:
   pid_t pid_ = -1;
 };
 
 class DeviceOutputTest : public ::testing::Test {
-protected:
-  static constexpr std::array<const char*, 6> kVariables{
-      "HOME", "XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH", "PULSE_CONFIG_PATH", "PULSE_SERVER"};
+ protected:
+  static constexpr std::array<const char*, 6> kVariables{"HOME",
+                                                         "XDG_RUNTIME_DIR",
+                                                         "PULSE_RUNTIME_PATH",
+                                                         "PULSE_STATE_PATH",
+                                                         "PULSE_CONFIG_PATH",
+                                                         "PULSE_SERVER"};
 
   void SetUp() override {
     setOutputFactory({});
@@ -80,17 +88,20 @@ protected:
   void TearDown() override {
     BASS_Free();
     for (std::size_t i = 0; i < kVariables.size(); ++i) {
-      if (saved_[i].first) setenv(kVariables[i], saved_[i].second.c_str(), 1);
-      else unsetenv(kVariables[i]);
+      if (saved_[i].first)
+        setenv(kVariables[i], saved_[i].second.c_str(), 1);
+      else
+        unsetenv(kVariables[i]);
     }
   }
 
   std::unique_ptr<Child> startServer() {
     auto server = std::make_unique<Child>(
-        std::vector<std::string>{"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--system=false",
-                                 "--disallow-exit", "--use-pid-file=no", "--log-target=stderr", "--log-level=info",
-                                 "-L", "module-null-sink sink_name=yarvo_test rate=44100",
-                                 "-L", "module-native-protocol-unix auth-anonymous=1 socket=" + socket_.string()},
+        std::vector<std::string>{
+            "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--system=false",
+            "--disallow-exit", "--use-pid-file=no", "--log-target=stderr", "--log-level=info", "-L",
+            "module-null-sink sink_name=yarvo_test rate=44100", "-L",
+            "module-native-protocol-unix auth-anonymous=1 socket=" + socket_.string()},
         dir_.file("server.log"), true);
     using namespace std::chrono_literals;
     for (int i = 0; i < 50 && server->running(); ++i) {
@@ -118,8 +129,8 @@ void DeviceOutputTest::playThroughServer() {
   auto server = startServer();
   if (!server) GTEST_SKIP() << "a private PulseAudio server could not be started here";
   const auto recording = dir_.file("recorded.raw");
-  Child recorder({"parec", "--device=yarvo_test.monitor", "--format=float32le", "--rate=44100", "--channels=2",
-                  "--raw", "--latency-msec=20"},
+  Child recorder({"parec", "--device=yarvo_test.monitor", "--format=float32le", "--rate=44100",
+                  "--channels=2", "--raw", "--latency-msec=20"},
                  recording);
   ASSERT_TRUE(recorder.started());
 
@@ -132,8 +143,11 @@ void DeviceOutputTest::playThroughServer() {
   // A null sink with no client sleeps in long blocks and takes a second or
   // more to notice a new stream; a sound card does not. Wait for the start.
   using Clock = std::chrono::steady_clock;
-  auto seconds = [&] { return BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)); };
-  for (int i = 0; i < 50 && seconds() < 0.2; ++i) std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  auto seconds = [&] {
+    return BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE));
+  };
+  for (int i = 0; i < 50 && seconds() < 0.2; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
   const double from = seconds();
   const auto start = Clock::now();
   std::this_thread::sleep_for(std::chrono::milliseconds(2000));
@@ -147,8 +161,10 @@ void DeviceOutputTest::playThroughServer() {
   EXPECT_NEAR(played / wall, 1.0, 0.1) << "played " << played << " s in " << wall << " s";
   std::ifstream in(recording, std::ios::binary);
   std::vector<float> samples((std::filesystem::file_size(recording)) / sizeof(float));
-  in.read(reinterpret_cast<char*>(samples.data()), static_cast<std::streamsize>(samples.size() * sizeof(float)));
-  ASSERT_GT(samples.size(), 2u * 44100) << "parec recorded too little; server log:\n" << serverLog();
+  in.read(reinterpret_cast<char*>(samples.data()),
+          static_cast<std::streamsize>(samples.size() * sizeof(float)));
+  ASSERT_GT(samples.size(), 2u * 44100) << "parec recorded too little; server log:\n"
+                                        << serverLog();
   // The loudest second of the recording holds the tone at its level.
   double best = 0.0;
   std::size_t bestFrom = 0;
@@ -175,15 +191,19 @@ TEST_F(DeviceOutputTest, LosingTheServerDoesNotStopTheClock) {
   ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
   const HSTREAM stream = BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX);
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
-  auto seconds = [&] { return BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)); };
-  for (int i = 0; i < 50 && seconds() < 0.2; ++i) std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  auto seconds = [&] {
+    return BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE));
+  };
+  for (int i = 0; i < 50 && seconds() < 0.2; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
   server->finish();
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
   const double from = seconds();
   const auto start = std::chrono::steady_clock::now();
   std::this_thread::sleep_for(std::chrono::milliseconds(1500));
   const double played = seconds() - from;
-  const double wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  const double wall =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   EXPECT_NEAR(played / wall, 1.0, 0.05);
   EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_PLAYING);
 }
@@ -197,13 +217,16 @@ TEST_F(DeviceOutputTest, WithoutAServerPlaysOnAtRealTimeSpeed) {
   ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
   const HSTREAM stream = BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX);
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
-  auto seconds = [&] { return BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)); };
+  auto seconds = [&] {
+    return BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE));
+  };
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
   const double from = seconds();
   const auto start = std::chrono::steady_clock::now();
   std::this_thread::sleep_for(std::chrono::milliseconds(1500));
   const double played = seconds() - from;
-  const double wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  const double wall =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   EXPECT_NEAR(played / wall, 1.0, 0.05);
 }
 

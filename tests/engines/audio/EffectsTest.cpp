@@ -12,11 +12,12 @@ namespace yarvo::audio::test {
 namespace {
 
 // The engine's bands: these centres, 18 semitones wide.
-constexpr std::array<float, 10> kBandCentres{80, 150, 300, 500, 750, 1000, 3000, 8000, 12000, 15000};
+constexpr std::array<float, 10> kBandCentres{80,   150,  300,  500,   750,
+                                             1000, 3000, 8000, 12000, 15000};
 constexpr float kBandwidth = 18.0f;
 
 class EffectsTest : public BassFixture {
-protected:
+ protected:
   // Plays `signal` (as a float WAV) through the effects `setup` puts on the
   // stream, and returns the output over the signal's length.
   template <typename Setup>
@@ -62,15 +63,16 @@ class BandTest : public EffectsTest, public ::testing::WithParamInterface<BandCa
 TEST_P(BandTest, ChangesTheToneByTheExpectedGain) {
   const BandCase& c = GetParam();
   constexpr double kAmplitude = 0.1;
-  const auto out = playThrough(sine(c.toneHz, kAmplitude, 2.0), [&](HSTREAM s) { addBand(s, c.centre, c.gain); });
+  const auto out = playThrough(sine(c.toneHz, kAmplitude, 2.0),
+                               [&](HSTREAM s) { addBand(s, c.centre, c.gain); });
   const double level = toneAmplitude(out, 0, c.toneHz, 44100, 44100 / 2, 44100);
   EXPECT_NEAR(toDb(level / kAmplitude), c.expectedDb, c.toleranceDb);
 }
 
 INSTANTIATE_TEST_SUITE_P(PeakingBands, BandTest,
-                         ::testing::Values(BandCase{1000, 10, 1000, 10, 0.5},   // at the centre
-                                           BandCase{1000, 10, 250, 0, 1.0},     // two octaves below
-                                           BandCase{1000, 10, 4000, 0, 1.0},    // two octaves above
+                         ::testing::Values(BandCase{1000, 10, 1000, 10, 0.5},  // at the centre
+                                           BandCase{1000, 10, 250, 0, 1.0},    // two octaves below
+                                           BandCase{1000, 10, 4000, 0, 1.0},   // two octaves above
                                            BandCase{1000, -10, 1000, -10, 0.5},
                                            BandCase{80, 10, 80, 10, 0.5},
                                            BandCase{12000, 10, 12000, 10, 0.5},

@@ -14,16 +14,23 @@ constexpr std::array<std::uint8_t, 4> kLayer3 = {0xFF, 0xFB, 0x90, 0x00};
 // MPEG-1 layer 2, 192 kbit/s, 48 kHz: 576 bytes a frame.
 constexpr std::array<std::uint8_t, 4> kLayer2 = {0xFF, 0xFD, 0xA4, 0x00};
 
-std::vector<std::uint8_t> frames(const std::array<std::uint8_t, 4>& header, std::size_t bytes, int count,
-                                 std::size_t offset = 0) {
+std::vector<std::uint8_t> frames(const std::array<std::uint8_t, 4>& header, std::size_t bytes,
+                                 int count, std::size_t offset = 0) {
   std::vector<std::uint8_t> data(offset + bytes * static_cast<std::size_t>(count) + 4, 0x55);
   for (int i = 0; i < count; ++i)
-    std::copy(header.begin(), header.end(), data.begin() + static_cast<std::ptrdiff_t>(offset + bytes * static_cast<std::size_t>(i)));
+    std::copy(
+        header.begin(), header.end(),
+        data.begin() + static_cast<std::ptrdiff_t>(offset + bytes * static_cast<std::size_t>(i)));
   return data;
 }
 
 std::vector<std::uint8_t> withId3(std::vector<std::uint8_t> audio, std::size_t tagBytes) {
-  std::vector<std::uint8_t> data{'I', 'D', '3', 4, 0, 0,
+  std::vector<std::uint8_t> data{'I',
+                                 'D',
+                                 '3',
+                                 4,
+                                 0,
+                                 0,
                                  static_cast<std::uint8_t>((tagBytes >> 21) & 0x7F),
                                  static_cast<std::uint8_t>((tagBytes >> 14) & 0x7F),
                                  static_cast<std::uint8_t>((tagBytes >> 7) & 0x7F),

@@ -31,10 +31,11 @@ constexpr QWORD kExpectedBytes = 132300 * 2;  // 3 s, mono, 16-bit
 const double kFfmpegAmplitude = 1.0 / 8.0;
 
 class StreamFormatTest : public BassFixture, public ::testing::WithParamInterface<FormatCase> {
-protected:
+ protected:
   std::filesystem::path makeFile() {
     const auto path = dir_.file(GetParam().file);
-    if (!ffmpegSine(path, GetParam().codec, kSeconds)) ADD_FAILURE() << "ffmpeg could not make " << path;
+    if (!ffmpegSine(path, GetParam().codec, kSeconds))
+      ADD_FAILURE() << "ffmpeg could not make " << path;
     return path;
   }
 };
@@ -77,7 +78,8 @@ TEST_P(StreamFormatTest, PositionAdvancesAtRealTimeSpeed) {
   std::this_thread::sleep_for(std::chrono::milliseconds(2300));
   const QWORD to = BASS_ChannelGetPosition(stream, BASS_POS_BYTE);
   const double wall = std::chrono::duration<double>(Clock::now() - start).count();
-  const double played = BASS_ChannelBytes2Seconds(stream, to) - BASS_ChannelBytes2Seconds(stream, from);
+  const double played =
+      BASS_ChannelBytes2Seconds(stream, to) - BASS_ChannelBytes2Seconds(stream, from);
   EXPECT_NEAR(played / wall, 1.0, 0.02) << "played " << played << " s in " << wall << " s";
 }
 
@@ -96,7 +98,8 @@ TEST_P(StreamFormatTest, SeeksToTheBytePositionGiven) {
   const auto out = render(0.3);
   EXPECT_NEAR(toneAmplitude(out, 0, 2000.0, 44100, 2205, 8820), 0.25, 0.02);
   EXPECT_LT(toneAmplitude(out, 0, 500.0, 44100, 2205, 8820), 0.01);
-  EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)), 1.8, 0.01);
+  EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)),
+              1.8, 0.01);
   // Back to the start: the first tone again.
   ASSERT_TRUE(BASS_ChannelSetPosition(stream, 0, BASS_POS_BYTE));
   const auto start = render(0.3);
@@ -124,7 +127,8 @@ TEST_F(OtherStreamTest, Mp2PlaysToItsWholeFrameLength) {
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   const auto out = renderToEnd(stream, 10.0);
   EXPECT_EQ(BASS_ChannelGetPosition(stream, BASS_POS_BYTE), length);
-  EXPECT_NEAR(toDb(toneAmplitude(out, 0, 1000.0, 44100, 44100, 44100) / kFfmpegAmplitude), 0.0, 0.5);
+  EXPECT_NEAR(toDb(toneAmplitude(out, 0, 1000.0, 44100, 44100, 44100) / kFfmpegAmplitude), 0.0,
+              0.5);
 }
 
 // What libsndfile reads beyond WAV and Ogg: FLAC, exact to the sample.
@@ -157,7 +161,7 @@ TEST_F(OtherStreamTest, ManyChannelsAreMixedToBothSides) {
 }
 
 class NullDeviceTest : public ::testing::Test {
-protected:
+ protected:
   void TearDown() override { BASS_Free(); }
   TempDir dir_;
 };
@@ -173,16 +177,18 @@ TEST_F(NullDeviceTest, PlaysAtRealTimeSpeedWithoutADevice) {
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   using Clock = std::chrono::steady_clock;
   std::this_thread::sleep_for(std::chrono::milliseconds(200));
-  const double from = BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE));
+  const double from =
+      BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE));
   const auto start = Clock::now();
   std::this_thread::sleep_for(std::chrono::milliseconds(2000));
-  const double to = BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE));
+  const double to =
+      BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE));
   const double wall = std::chrono::duration<double>(Clock::now() - start).count();
   EXPECT_NEAR((to - from) / wall, 1.0, 0.02);
 }
 
 class ResamplingTest : public BassFixture {
-protected:
+ protected:
   ResamplingTest() { outputRate_ = 48000; }
 };
 
@@ -195,7 +201,8 @@ TEST_F(ResamplingTest, KeepsPitchLevelAndLengthOnAnotherOutputRate) {
   ASSERT_NE(stream, 0u);
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   const std::vector<float> out = renderToEnd(stream, 5.0);
-  EXPECT_EQ(BASS_ChannelGetPosition(stream, BASS_POS_BYTE), BASS_ChannelGetLength(stream, BASS_POS_BYTE));
+  EXPECT_EQ(BASS_ChannelGetPosition(stream, BASS_POS_BYTE),
+            BASS_ChannelGetLength(stream, BASS_POS_BYTE));
   EXPECT_NEAR(toDb(toneAmplitude(out, 0, 1000.0, 48000, 24000, 48000) / 0.25), 0.0, 0.1);
   // Played at the wrong ratio the tone would sit at 1088 Hz.
   EXPECT_LT(toneAmplitude(out, 0, 1088.0, 48000, 24000, 48000), 0.25 * 0.01);

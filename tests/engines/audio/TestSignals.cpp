@@ -27,7 +27,8 @@ TempDir::~TempDir() {
 Signal sine(double hz, double amplitude, double seconds, int rate) {
   Signal s{rate, 1, std::vector<float>(static_cast<std::size_t>(seconds * rate))};
   for (std::size_t n = 0; n < s.samples.size(); ++n)
-    s.samples[n] = static_cast<float>(amplitude * std::sin(2.0 * std::numbers::pi * hz * static_cast<double>(n) / rate));
+    s.samples[n] = static_cast<float>(
+        amplitude * std::sin(2.0 * std::numbers::pi * hz * static_cast<double>(n) / rate));
   return s;
 }
 
@@ -53,15 +54,18 @@ void writeWav(const std::filesystem::path& path, const Signal& signal, bool asFl
   info.format = SF_FORMAT_WAV | (asFloat ? SF_FORMAT_FLOAT : SF_FORMAT_PCM_16);
   SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
   if (file == nullptr) throw std::runtime_error("cannot write " + path.string());
-  const auto frames = static_cast<sf_count_t>(signal.samples.size() / static_cast<std::size_t>(signal.channels));
+  const auto frames =
+      static_cast<sf_count_t>(signal.samples.size() / static_cast<std::size_t>(signal.channels));
   sf_writef_float(file, signal.samples.data(), frames);
   sf_close(file);
 }
 
 bool ffmpegSine(const std::filesystem::path& path, const std::string& codec, double seconds,
                 const std::string& extra) {
-  const std::string command = "ffmpeg -nostdin -hide_banner -loglevel error -y -f lavfi -i sine=frequency=1000:sample_rate=44100 -t " +
-                              std::to_string(seconds) + " -c:a " + codec + " " + extra + " '" + path.string() + "'";
+  const std::string command =
+      "ffmpeg -nostdin -hide_banner -loglevel error -y -f lavfi -i "
+      "sine=frequency=1000:sample_rate=44100 -t " +
+      std::to_string(seconds) + " -c:a " + codec + " " + extra + " '" + path.string() + "'";
   return std::system(command.c_str()) == 0 && std::filesystem::exists(path);
 }
 
@@ -84,8 +88,9 @@ void writeModule(const std::filesystem::path& path) {
   sample[23] = kSampleBytes / 2;
   sample[25] = 64;
   sample[29] = kSampleBytes / 2;
-  for (std::size_t i = 1; i < 31; ++i) mod[20 + i * 30 + 29] = 1;  // empty samples: loop length 1 word
-  mod[950] = 1;    // song length: one pattern
+  for (std::size_t i = 1; i < 31; ++i)
+    mod[20 + i * 30 + 29] = 1;  // empty samples: loop length 1 word
+  mod[950] = 1;                 // song length: one pattern
   mod[951] = 127;
   std::copy_n("M.K.", 4, mod.begin() + 1080);
   // Pattern 0, channel 0, rows 0, 16, 32, 48: sample 1 at period 428.
@@ -97,7 +102,8 @@ void writeModule(const std::filesystem::path& path) {
     cell[2] = 1 << 4;
   }
   for (std::size_t i = 0; i < kSampleBytes; ++i) {
-    const double v = 100.0 * std::sin(2.0 * std::numbers::pi * static_cast<double>(i) / kSampleBytes);
+    const double v =
+        100.0 * std::sin(2.0 * std::numbers::pi * static_cast<double>(i) / kSampleBytes);
     mod[1084 + 1024 + i] = static_cast<unsigned char>(static_cast<signed char>(std::lround(v)));
   }
   writeBytes(path, mod);
@@ -105,15 +111,17 @@ void writeModule(const std::filesystem::path& path) {
 
 void writeBytes(const std::filesystem::path& path, const std::vector<unsigned char>& bytes) {
   std::ofstream out(path, std::ios::binary);
-  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  out.write(reinterpret_cast<const char*>(bytes.data()),
+            static_cast<std::streamsize>(bytes.size()));
 }
 
-double toneAmplitude(const std::vector<float>& stereo, int channel, double hz, int rate, std::size_t from,
-                     std::size_t count) {
+double toneAmplitude(const std::vector<float>& stereo, int channel, double hz, int rate,
+                     std::size_t from, std::size_t count) {
   std::complex<double> sum;
   const double step = 2.0 * std::numbers::pi * hz / rate;
   for (std::size_t n = 0; n < count; ++n) {
-    const auto x = static_cast<double>(stereo.at(2 * (from + n) + static_cast<std::size_t>(channel)));
+    const auto x =
+        static_cast<double>(stereo.at(2 * (from + n) + static_cast<std::size_t>(channel)));
     sum += x * std::polar(1.0, -step * static_cast<double>(n));
   }
   return 2.0 * std::abs(sum) / static_cast<double>(count);
@@ -121,7 +129,8 @@ double toneAmplitude(const std::vector<float>& stereo, int channel, double hz, i
 
 double rms(const std::vector<float>& stereo, std::size_t fromFrame, std::size_t frames) {
   double sum = 0.0;
-  for (std::size_t i = 2 * fromFrame; i < 2 * (fromFrame + frames); ++i) sum += static_cast<double>(stereo.at(i)) * static_cast<double>(stereo.at(i));
+  for (std::size_t i = 2 * fromFrame; i < 2 * (fromFrame + frames); ++i)
+    sum += static_cast<double>(stereo.at(i)) * static_cast<double>(stereo.at(i));
   return std::sqrt(sum / (2.0 * static_cast<double>(frames)));
 }
 

@@ -11,7 +11,7 @@ namespace yarvo::audio::test {
 // A folder under the system's temporary folder, removed with its contents at
 // destruction.
 class TempDir {
-public:
+ public:
   TempDir();
   ~TempDir();
   TempDir(const TempDir&) = delete;
@@ -19,7 +19,7 @@ public:
   [[nodiscard]] std::filesystem::path file(const std::string& name) const { return path_ / name; }
   [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
-private:
+ private:
   std::filesystem::path path_;
 };
 
@@ -55,8 +55,8 @@ void writeBytes(const std::filesystem::path& path, const std::vector<unsigned ch
 // Amplitude of the `hz` component of one channel of interleaved `stereo`
 // frames from `from` for `count` frames (a single-bin DFT; exact when the
 // window holds whole cycles).
-double toneAmplitude(const std::vector<float>& stereo, int channel, double hz, int rate, std::size_t from,
-                     std::size_t count);
+double toneAmplitude(const std::vector<float>& stereo, int channel, double hz, int rate,
+                     std::size_t from, std::size_t count);
 double rms(const std::vector<float>& stereo, std::size_t fromFrame, std::size_t frames);
 double peak(const std::vector<float>& stereo, std::size_t fromFrame, std::size_t frames);
 double toDb(double ratio);

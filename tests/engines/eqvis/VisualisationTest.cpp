@@ -194,7 +194,8 @@ struct LevelCase {
   int row;
 };
 
-class OscilloscopeLevel : public VisualisationTest, public ::testing::WithParamInterface<LevelCase> {};
+class OscilloscopeLevel : public VisualisationTest,
+                          public ::testing::WithParamInterface<LevelCase> {};
 
 TEST_P(OscilloscopeLevel, AConstantLevelIsAFlatLineOnItsRow) {
   Draw(Opt().Option11, Level(GetParam().level, 2.0));

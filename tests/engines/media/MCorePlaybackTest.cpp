@@ -4,336 +4,318 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <set>
 #include <chrono>
 #include <clocale>
 #include <cstdlib>
+#include <set>
 #include <string>
 #include <thread>
 
-#include "support/FakeMciService.h"
 #include "MediaFiles.h"
 #include "engines/media/MCore.h"
 #include "engines/media/MciError.h"
 #include "engines/media/MciSendString.h"
+#include "support/FakeMciService.h"
 
 namespace yarvo {
 namespace {
 
 using namespace std::chrono_literals;
+using test::CommandLog;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using test::CommandLog;
 
 class MCorePlayback : public ::testing::Test {
-protected:
-    static void SetUpTestSuite()
-    {
-        MciServiceOptions options;
-        options.audioOutput = "null";
-        options.drawPictures = false;
-        configureMciService(options);
-    }
-
-    void SetUp() override { ASSERT_TRUE(media().ready()) << "ffmpeg could not make the media"; }
-
-    void TearDown() override { MciCloseAll(); }
-
-    static const test::MediaFiles& media() { return test::MediaFiles::get(); }
-
-    static std::string openVideo() { return MciOpen(0, "movie", media().video().string(), "MPEGVideo"); }
-
-    // Polls the mode until it reads `mode` or `limit` passes.
-    static bool waitForMode(const std::string& mode, std::chrono::milliseconds limit)
-    {
-        const auto deadline = std::chrono::steady_clock::now() + limit;
-        while (std::chrono::steady_clock::now() < deadline) {
-            if (MciStatusMode("movie") == mode) {
-                return true;
-            }
-            std::this_thread::sleep_for(20ms);
-        }
-        return MciStatusMode("movie") == mode;
-    }
-
-    // The raw answer of the service to `command`, or "error <code>".
-    static std::string ask(const std::string& command)
-    {
-        std::array<char, 128> reply{};
-        const auto code = mciSendString(command, reply);
-        return code == 0 ? std::string(reply.data()) : "error " + std::to_string(code);
-    }
-};
-
-TEST_F(MCorePlayback, VideoOpensAndIsMeasured)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    EXPECT_EQ(MciWhereDestination("movie", "cx"), 320);
-    EXPECT_EQ(MciWhereDestination("movie", "cy"), 240);
-    EXPECT_EQ(MciLengthFrames("movie"), 100);
-    EXPECT_EQ(MciLengthMs("movie"), 4000);
-    EXPECT_EQ(MciFramesPerSecond("movie"), 25);
-    EXPECT_EQ(MciSpeed("movie"), 100);
-    EXPECT_EQ(MciPosition("movie"), 0);
-    EXPECT_EQ(MciStatusMode("movie"), "stopped");
-}
-
-TEST_F(MCorePlayback, PlaysToTheEndThenReadsStopped)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    CommandLog commands;
-    ASSERT_EQ(MciPlay("movie", "", ""), "Success");
-    EXPECT_EQ(commands.sent.back(), "play movie from 0 to 100");
-    EXPECT_EQ(MciStatusMode("movie"), "playing");
-    ASSERT_TRUE(waitForMode("stopped", 20s));
-    EXPECT_EQ(MciPosition("movie"), 100);
-    EXPECT_EQ(MciPercent("movie"), 100);
-}
-
-TEST_F(MCorePlayback, PlayingAgainAfterTheEndStartsOver)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    ASSERT_EQ(MciPlay("movie", "90", ""), "Success");
-    ASSERT_TRUE(waitForMode("stopped", 10s));
-    ASSERT_EQ(MciPlay("movie", "", ""), "Success");
-    EXPECT_EQ(MciStatusMode("movie"), "playing");
-    EXPECT_LT(MciPosition("movie"), 50);
-    ASSERT_EQ(MciSeekPlay("movie", 95), "Success");
-    ASSERT_TRUE(waitForMode("stopped", 10s));
-    ASSERT_EQ(ask("play movie"), "");
-    EXPECT_EQ(MciStatusMode("movie"), "playing");
-    EXPECT_LT(MciPosition("movie"), 50);
-}
-
-TEST_F(MCorePlayback, PlayToAFrameStopsThere)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    ASSERT_EQ(MciPlay("movie", "10", "30"), "Success");
-    ASSERT_TRUE(waitForMode("stopped", 10s));
-    EXPECT_EQ(MciPosition("movie"), 30);
-    std::this_thread::sleep_for(200ms);  // time in which a playing media would move 5 frames
-    EXPECT_EQ(MciPosition("movie"), 30);
-    // Play without bounds goes on from there to the real end.
-    ASSERT_EQ(ask("play movie"), "");
-    EXPECT_EQ(MciStatusMode("movie"), "playing");
-    const auto position = MciPosition("movie");
-    EXPECT_GE(position, 29);
-    EXPECT_LT(position, 60);
-}
-
-TEST_F(MCorePlayback, SeekLandsWithinOneFrameAndStops)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    for (const int target : {60, 13, 99, 0}) {
-        SCOPED_TRACE(target);
-        ASSERT_EQ(ask("seek movie to " + std::to_string(target)), "");
-        EXPECT_NEAR(MciPosition("movie"), target, 1);
-        EXPECT_EQ(MciStatusMode("movie"), "stopped");
-    }
-    EXPECT_EQ(ask("seek movie to 101"), "error " + std::to_string(static_cast<int>(MciError::OutOfRange)));
-}
-
-TEST_F(MCorePlayback, PercentHalfWay)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    ASSERT_EQ(ask("seek movie to 50"), "");
-    EXPECT_NEAR(MciPercent("movie"), 50, 2);
-}
-
-TEST_F(MCorePlayback, SeekPlayPlaysOnFromThePosition)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    ASSERT_EQ(MciPause("movie"), "Success");
-    ASSERT_EQ(MciSeekPlay("movie", 75), "Success");
-    EXPECT_EQ(MciStatusMode("movie"), "playing");
-    const auto position = MciPosition("movie");
-    EXPECT_GE(position, 74);
-    EXPECT_LE(position, 100);
-}
-
-TEST_F(MCorePlayback, PauseHoldsThePositionAndResumeGoesOn)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    ASSERT_EQ(MciPlay("movie", "", ""), "Success");
-    ASSERT_EQ(MciPause("movie"), "Success");
-    EXPECT_EQ(MciStatusMode("movie"), "paused");
-    const auto held = MciPosition("movie");
-    std::this_thread::sleep_for(200ms);  // time in which a playing media would move 5 frames
-    EXPECT_EQ(MciPosition("movie"), held);
-    ASSERT_EQ(MciResume("movie"), "Success");
-    EXPECT_EQ(MciStatusMode("movie"), "playing");
-    ASSERT_EQ(MciStop("movie"), "Success");
-    EXPECT_EQ(MciStatusMode("movie"), "stopped");
-}
-
-TEST_F(MCorePlayback, LengthInMillisecondsLeavesFramesAsTheFormat)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    ASSERT_EQ(MciLengthMs("movie"), 4000);
-    EXPECT_EQ(ask("status movie length"), "100");
-    ASSERT_EQ(ask("set movie time format ms"), "");
-    EXPECT_EQ(ask("status movie length"), "4000");
-}
-
-TEST_F(MCorePlayback, PutWindowSetsTheDestination)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    ASSERT_EQ(MciPutWindow(0, "movie", 1, 1, 640, 360), "Success");
-    EXPECT_EQ(MciWhereDestination("movie", "cx"), 640);
-    EXPECT_EQ(MciWhereDestination("movie", "cy"), 360);
-}
-
-TEST_F(MCorePlayback, VolumeReachesTheService)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    CommandLog commands;
-    EXPECT_EQ(MciSetVolume("movie", "all", 101), "out of volume");
-    EXPECT_THAT(commands.sent, IsEmpty());
-    EXPECT_EQ(MciSetVolume("movie", "all", 100), "Success");
-    EXPECT_EQ(MciSetVolume("movie", "all", 0), "Success");
-    EXPECT_EQ(MciSetVolume("movie", "LEFT", 50), "Success");  // the sound of this clip is mono
-    EXPECT_EQ(MciSetVolume("movie", "Right", 20), "Success");
-    EXPECT_THAT(commands.sent,
-                ElementsAre("setaudio movie Volume to 1000", "setaudio movie Volume to 0",
-                            "setaudio movie LEFT Volume to 500", "setaudio movie Right Volume to 200"));
-    ASSERT_EQ(MciPlay("movie", "", ""), "Success");
-    EXPECT_EQ(MciStatusMode("movie"), "playing");
-}
-
-TEST_F(MCorePlayback, AudioWithoutPictureCountsMilliseconds)
-{
-    ASSERT_EQ(MciOpen(0, "movie", media().audio().string(), "MPEGVideo"), "Success");
-    EXPECT_EQ(MciWhereDestination("movie", "cx"), -1);
-    EXPECT_EQ(MciWhereDestination("movie", "cy"), -1);
-    EXPECT_EQ(MciLengthFrames("movie"), 3000);
-    EXPECT_EQ(MciLengthMs("movie"), 3000);
-    EXPECT_EQ(MciFramesPerSecond("movie"), 1000);
-    EXPECT_EQ(MciSpeed("movie"), 100);
-    EXPECT_NE(MciPutWindow(0, "movie", 1, 1, 320, 240), "Success");
-    EXPECT_EQ(MciSetVolume("movie", "left", 50), "Success");
-    EXPECT_EQ(MciSetVolume("movie", "right", 100), "Success");
-    ASSERT_EQ(MciPlay("movie", "1500", ""), "Success");
-    EXPECT_EQ(MciStatusMode("movie"), "playing");
-    ASSERT_TRUE(waitForMode("stopped", 10s));
-    EXPECT_EQ(MciPosition("movie"), 3000);
-}
-
-TEST_F(MCorePlayback, CoverPictureIsNoPicture)
-{
-    ASSERT_EQ(MciOpen(0, "movie", media().withCover().string(), "MPEGVideo"), "Success");
-    EXPECT_EQ(MciWhereDestination("movie", "cx"), -1);
-    EXPECT_EQ(MciFramesPerSecond("movie"), 1000);
-    EXPECT_EQ(MciLengthFrames("movie"), 2000);
-}
-
-TEST_F(MCorePlayback, AliasThatIsNotOpen)
-{
-    EXPECT_EQ(MciStatusMode("movie"), "ERROR");
-    EXPECT_EQ(MciLengthFrames("movie"), -1);
-    EXPECT_EQ(MciPercent("movie"), -1);
-    EXPECT_EQ(MciFramesPerSecond("movie"), -1);
-    EXPECT_EQ(MciWhereDestination("movie", "cx"), -1);
-    EXPECT_EQ(MciClose("movie"), mciErrorText(static_cast<std::uint32_t>(MciError::InvalidDeviceName)));
-    ASSERT_EQ(openVideo(), "Success");
-    EXPECT_EQ(MciStatusMode("film"), "ERROR");
-    EXPECT_EQ(MciClose("MOVIE"), "Success");
-    EXPECT_EQ(MciStatusMode("movie"), "ERROR");
-}
-
-TEST_F(MCorePlayback, FilesThatCannotOpen)
-{
-    const auto started = std::chrono::steady_clock::now();
-    const std::string missing = MciOpen(0, "movie", (media().folder() / "gone.avi").string(), "MPEGVideo");
-    EXPECT_EQ(missing, mciErrorText(static_cast<std::uint32_t>(MciError::FileNotFound)));
-    const std::string broken = MciOpen(0, "movie", media().broken().string(), "MPEGVideo");
-    EXPECT_EQ(broken, mciErrorText(static_cast<std::uint32_t>(MciError::UnplayableFile)));
-    EXPECT_NE(MciOpen(0, "movie", "http://example.invalid/clip.avi", "MPEGVideo"), "Success");
-    EXPECT_LT(std::chrono::steady_clock::now() - started, 5s);
-    EXPECT_EQ(MciStatusMode("movie"), "ERROR");
-}
-
-TEST_F(MCorePlayback, AnAliasOpensOnce)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    EXPECT_EQ(MciOpen(0, "Movie", media().audio().string(), "MPEGVideo"),
-              mciErrorText(static_cast<std::uint32_t>(MciError::DuplicateAlias)));
-    EXPECT_EQ(MciWhereDestination("movie", "cx"), 320);
-    EXPECT_EQ(MciOpen(0, "tune", media().audio().string(), "MPEGVideo"), "Success");
-    EXPECT_EQ(MciWhereDestination("tune", "cx"), -1);
-    EXPECT_EQ(MciCloseAll(), "Success");
-    EXPECT_EQ(MciStatusMode("movie"), "ERROR");
-    EXPECT_EQ(MciStatusMode("tune"), "ERROR");
-}
-
-TEST_F(MCorePlayback, OpensUnderALocaleThatMpvRefuses)
-{
-    const std::string saved = std::setlocale(LC_NUMERIC, nullptr);
-    ASSERT_NE(std::setlocale(LC_NUMERIC, "C.UTF-8"), nullptr);
-    EXPECT_EQ(openVideo(), "Success");
-    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
-    std::setlocale(LC_NUMERIC, saved.c_str());
-}
-
-TEST_F(MCorePlayback, ParentWindowWithoutDisplayDrawsNothing)
-{
+ protected:
+  static void SetUpTestSuite() {
     MciServiceOptions options;
     options.audioOutput = "null";
-    options.drawPictures = true;
+    options.drawPictures = false;
     configureMciService(options);
-    const char* display = std::getenv("DISPLAY");
-    const std::string saved = display != nullptr ? display : "";
-    ::unsetenv("DISPLAY");
-    // Not a window of any display: drawing into it would fail.
-    const std::string result = MciOpen(0x7fff1234, "movie", media().video().string(), "MPEGVideo");
-    if (display != nullptr) {
-        ::setenv("DISPLAY", saved.c_str(), 1);
+  }
+
+  void SetUp() override { ASSERT_TRUE(media().ready()) << "ffmpeg could not make the media"; }
+
+  void TearDown() override { MciCloseAll(); }
+
+  static const test::MediaFiles& media() { return test::MediaFiles::get(); }
+
+  static std::string openVideo() {
+    return MciOpen(0, "movie", media().video().string(), "MPEGVideo");
+  }
+
+  // Polls the mode until it reads `mode` or `limit` passes.
+  static bool waitForMode(const std::string& mode, std::chrono::milliseconds limit) {
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    while (std::chrono::steady_clock::now() < deadline) {
+      if (MciStatusMode("movie") == mode) {
+        return true;
+      }
+      std::this_thread::sleep_for(20ms);
     }
-    SetUpTestSuite();
-    ASSERT_EQ(result, "Success");
-    EXPECT_EQ(MciWhereDestination("movie", "cx"), 320);
+    return MciStatusMode("movie") == mode;
+  }
+
+  // The raw answer of the service to `command`, or "error <code>".
+  static std::string ask(const std::string& command) {
+    std::array<char, 128> reply{};
+    const auto code = mciSendString(command, reply);
+    return code == 0 ? std::string(reply.data()) : "error " + std::to_string(code);
+  }
+};
+
+TEST_F(MCorePlayback, VideoOpensAndIsMeasured) {
+  ASSERT_EQ(openVideo(), "Success");
+  EXPECT_EQ(MciWhereDestination("movie", "cx"), 320);
+  EXPECT_EQ(MciWhereDestination("movie", "cy"), 240);
+  EXPECT_EQ(MciLengthFrames("movie"), 100);
+  EXPECT_EQ(MciLengthMs("movie"), 4000);
+  EXPECT_EQ(MciFramesPerSecond("movie"), 25);
+  EXPECT_EQ(MciSpeed("movie"), 100);
+  EXPECT_EQ(MciPosition("movie"), 0);
+  EXPECT_EQ(MciStatusMode("movie"), "stopped");
 }
 
-TEST_F(MCorePlayback, CommandsInAnyCase)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    EXPECT_EQ(ask("STATUS MOVIE MODE"), "stopped");
-    EXPECT_EQ(ask("Set Movie Time Format MS"), "");
-    EXPECT_EQ(ask("status movie LENGTH"), "4000");
+TEST_F(MCorePlayback, PlaysToTheEndThenReadsStopped) {
+  ASSERT_EQ(openVideo(), "Success");
+  CommandLog commands;
+  ASSERT_EQ(MciPlay("movie", "", ""), "Success");
+  EXPECT_EQ(commands.sent.back(), "play movie from 0 to 100");
+  EXPECT_EQ(MciStatusMode("movie"), "playing");
+  ASSERT_TRUE(waitForMode("stopped", 20s));
+  EXPECT_EQ(MciPosition("movie"), 100);
+  EXPECT_EQ(MciPercent("movie"), 100);
 }
 
-TEST_F(MCorePlayback, CdTrayNeedsNoOpenMedia)
-{
-    EXPECT_EQ(ask("Set CDAudio Door Open"), "");
-    EXPECT_EQ(ask("Set CDAudio Door Closed"), "");
+TEST_F(MCorePlayback, PlayingAgainAfterTheEndStartsOver) {
+  ASSERT_EQ(openVideo(), "Success");
+  ASSERT_EQ(MciPlay("movie", "90", ""), "Success");
+  ASSERT_TRUE(waitForMode("stopped", 10s));
+  ASSERT_EQ(MciPlay("movie", "", ""), "Success");
+  EXPECT_EQ(MciStatusMode("movie"), "playing");
+  EXPECT_LT(MciPosition("movie"), 50);
+  ASSERT_EQ(MciSeekPlay("movie", 95), "Success");
+  ASSERT_TRUE(waitForMode("stopped", 10s));
+  ASSERT_EQ(ask("play movie"), "");
+  EXPECT_EQ(MciStatusMode("movie"), "playing");
+  EXPECT_LT(MciPosition("movie"), 50);
 }
 
-TEST_F(MCorePlayback, ReplyThatDoesNotFitIsAnError)
-{
-    ASSERT_EQ(openVideo(), "Success");
-    std::array<char, 4> small{};
-    EXPECT_EQ(mciSendString("status movie mode", small), static_cast<std::uint32_t>(MciError::ReplyTooLong));
-    EXPECT_EQ(small[0], '\0');
-    std::array<char, 8> enough{};
-    EXPECT_EQ(mciSendString("status movie mode", enough), 0U);
-    EXPECT_STREQ(enough.data(), "stopped");
+TEST_F(MCorePlayback, PlayToAFrameStopsThere) {
+  ASSERT_EQ(openVideo(), "Success");
+  ASSERT_EQ(MciPlay("movie", "10", "30"), "Success");
+  ASSERT_TRUE(waitForMode("stopped", 10s));
+  EXPECT_EQ(MciPosition("movie"), 30);
+  std::this_thread::sleep_for(200ms);  // time in which a playing media would move 5 frames
+  EXPECT_EQ(MciPosition("movie"), 30);
+  // Play without bounds goes on from there to the real end.
+  ASSERT_EQ(ask("play movie"), "");
+  EXPECT_EQ(MciStatusMode("movie"), "playing");
+  const auto position = MciPosition("movie");
+  EXPECT_GE(position, 29);
+  EXPECT_LT(position, 60);
 }
 
-TEST(MciErrorText, EveryCodeHasItsOwnText)
-{
-    std::set<std::string> seen;
-    for (std::uint32_t code = 0; code < 400; ++code) {
-        std::array<char, 128> text{};
-        const bool known = mciGetErrorString(code, text);
-        EXPECT_EQ(known, !mciErrorText(code).empty());
-        EXPECT_NE(text[0], '\0');
-        if (known) {
-            EXPECT_TRUE(seen.insert(text.data()).second) << text.data();
-        }
+TEST_F(MCorePlayback, SeekLandsWithinOneFrameAndStops) {
+  ASSERT_EQ(openVideo(), "Success");
+  for (const int target : {60, 13, 99, 0}) {
+    SCOPED_TRACE(target);
+    ASSERT_EQ(ask("seek movie to " + std::to_string(target)), "");
+    EXPECT_NEAR(MciPosition("movie"), target, 1);
+    EXPECT_EQ(MciStatusMode("movie"), "stopped");
+  }
+  EXPECT_EQ(ask("seek movie to 101"),
+            "error " + std::to_string(static_cast<int>(MciError::OutOfRange)));
+}
+
+TEST_F(MCorePlayback, PercentHalfWay) {
+  ASSERT_EQ(openVideo(), "Success");
+  ASSERT_EQ(ask("seek movie to 50"), "");
+  EXPECT_NEAR(MciPercent("movie"), 50, 2);
+}
+
+TEST_F(MCorePlayback, SeekPlayPlaysOnFromThePosition) {
+  ASSERT_EQ(openVideo(), "Success");
+  ASSERT_EQ(MciPause("movie"), "Success");
+  ASSERT_EQ(MciSeekPlay("movie", 75), "Success");
+  EXPECT_EQ(MciStatusMode("movie"), "playing");
+  const auto position = MciPosition("movie");
+  EXPECT_GE(position, 74);
+  EXPECT_LE(position, 100);
+}
+
+TEST_F(MCorePlayback, PauseHoldsThePositionAndResumeGoesOn) {
+  ASSERT_EQ(openVideo(), "Success");
+  ASSERT_EQ(MciPlay("movie", "", ""), "Success");
+  ASSERT_EQ(MciPause("movie"), "Success");
+  EXPECT_EQ(MciStatusMode("movie"), "paused");
+  const auto held = MciPosition("movie");
+  std::this_thread::sleep_for(200ms);  // time in which a playing media would move 5 frames
+  EXPECT_EQ(MciPosition("movie"), held);
+  ASSERT_EQ(MciResume("movie"), "Success");
+  EXPECT_EQ(MciStatusMode("movie"), "playing");
+  ASSERT_EQ(MciStop("movie"), "Success");
+  EXPECT_EQ(MciStatusMode("movie"), "stopped");
+}
+
+TEST_F(MCorePlayback, LengthInMillisecondsLeavesFramesAsTheFormat) {
+  ASSERT_EQ(openVideo(), "Success");
+  ASSERT_EQ(MciLengthMs("movie"), 4000);
+  EXPECT_EQ(ask("status movie length"), "100");
+  ASSERT_EQ(ask("set movie time format ms"), "");
+  EXPECT_EQ(ask("status movie length"), "4000");
+}
+
+TEST_F(MCorePlayback, PutWindowSetsTheDestination) {
+  ASSERT_EQ(openVideo(), "Success");
+  ASSERT_EQ(MciPutWindow(0, "movie", 1, 1, 640, 360), "Success");
+  EXPECT_EQ(MciWhereDestination("movie", "cx"), 640);
+  EXPECT_EQ(MciWhereDestination("movie", "cy"), 360);
+}
+
+TEST_F(MCorePlayback, VolumeReachesTheService) {
+  ASSERT_EQ(openVideo(), "Success");
+  CommandLog commands;
+  EXPECT_EQ(MciSetVolume("movie", "all", 101), "out of volume");
+  EXPECT_THAT(commands.sent, IsEmpty());
+  EXPECT_EQ(MciSetVolume("movie", "all", 100), "Success");
+  EXPECT_EQ(MciSetVolume("movie", "all", 0), "Success");
+  EXPECT_EQ(MciSetVolume("movie", "LEFT", 50), "Success");  // the sound of this clip is mono
+  EXPECT_EQ(MciSetVolume("movie", "Right", 20), "Success");
+  EXPECT_THAT(
+      commands.sent,
+      ElementsAre("setaudio movie Volume to 1000", "setaudio movie Volume to 0",
+                  "setaudio movie LEFT Volume to 500", "setaudio movie Right Volume to 200"));
+  ASSERT_EQ(MciPlay("movie", "", ""), "Success");
+  EXPECT_EQ(MciStatusMode("movie"), "playing");
+}
+
+TEST_F(MCorePlayback, AudioWithoutPictureCountsMilliseconds) {
+  ASSERT_EQ(MciOpen(0, "movie", media().audio().string(), "MPEGVideo"), "Success");
+  EXPECT_EQ(MciWhereDestination("movie", "cx"), -1);
+  EXPECT_EQ(MciWhereDestination("movie", "cy"), -1);
+  EXPECT_EQ(MciLengthFrames("movie"), 3000);
+  EXPECT_EQ(MciLengthMs("movie"), 3000);
+  EXPECT_EQ(MciFramesPerSecond("movie"), 1000);
+  EXPECT_EQ(MciSpeed("movie"), 100);
+  EXPECT_NE(MciPutWindow(0, "movie", 1, 1, 320, 240), "Success");
+  EXPECT_EQ(MciSetVolume("movie", "left", 50), "Success");
+  EXPECT_EQ(MciSetVolume("movie", "right", 100), "Success");
+  ASSERT_EQ(MciPlay("movie", "1500", ""), "Success");
+  EXPECT_EQ(MciStatusMode("movie"), "playing");
+  ASSERT_TRUE(waitForMode("stopped", 10s));
+  EXPECT_EQ(MciPosition("movie"), 3000);
+}
+
+TEST_F(MCorePlayback, CoverPictureIsNoPicture) {
+  ASSERT_EQ(MciOpen(0, "movie", media().withCover().string(), "MPEGVideo"), "Success");
+  EXPECT_EQ(MciWhereDestination("movie", "cx"), -1);
+  EXPECT_EQ(MciFramesPerSecond("movie"), 1000);
+  EXPECT_EQ(MciLengthFrames("movie"), 2000);
+}
+
+TEST_F(MCorePlayback, AliasThatIsNotOpen) {
+  EXPECT_EQ(MciStatusMode("movie"), "ERROR");
+  EXPECT_EQ(MciLengthFrames("movie"), -1);
+  EXPECT_EQ(MciPercent("movie"), -1);
+  EXPECT_EQ(MciFramesPerSecond("movie"), -1);
+  EXPECT_EQ(MciWhereDestination("movie", "cx"), -1);
+  EXPECT_EQ(MciClose("movie"),
+            mciErrorText(static_cast<std::uint32_t>(MciError::InvalidDeviceName)));
+  ASSERT_EQ(openVideo(), "Success");
+  EXPECT_EQ(MciStatusMode("film"), "ERROR");
+  EXPECT_EQ(MciClose("MOVIE"), "Success");
+  EXPECT_EQ(MciStatusMode("movie"), "ERROR");
+}
+
+TEST_F(MCorePlayback, FilesThatCannotOpen) {
+  const auto started = std::chrono::steady_clock::now();
+  const std::string missing =
+      MciOpen(0, "movie", (media().folder() / "gone.avi").string(), "MPEGVideo");
+  EXPECT_EQ(missing, mciErrorText(static_cast<std::uint32_t>(MciError::FileNotFound)));
+  const std::string broken = MciOpen(0, "movie", media().broken().string(), "MPEGVideo");
+  EXPECT_EQ(broken, mciErrorText(static_cast<std::uint32_t>(MciError::UnplayableFile)));
+  EXPECT_NE(MciOpen(0, "movie", "http://example.invalid/clip.avi", "MPEGVideo"), "Success");
+  EXPECT_LT(std::chrono::steady_clock::now() - started, 5s);
+  EXPECT_EQ(MciStatusMode("movie"), "ERROR");
+}
+
+TEST_F(MCorePlayback, AnAliasOpensOnce) {
+  ASSERT_EQ(openVideo(), "Success");
+  EXPECT_EQ(MciOpen(0, "Movie", media().audio().string(), "MPEGVideo"),
+            mciErrorText(static_cast<std::uint32_t>(MciError::DuplicateAlias)));
+  EXPECT_EQ(MciWhereDestination("movie", "cx"), 320);
+  EXPECT_EQ(MciOpen(0, "tune", media().audio().string(), "MPEGVideo"), "Success");
+  EXPECT_EQ(MciWhereDestination("tune", "cx"), -1);
+  EXPECT_EQ(MciCloseAll(), "Success");
+  EXPECT_EQ(MciStatusMode("movie"), "ERROR");
+  EXPECT_EQ(MciStatusMode("tune"), "ERROR");
+}
+
+TEST_F(MCorePlayback, OpensUnderALocaleThatMpvRefuses) {
+  const std::string saved = std::setlocale(LC_NUMERIC, nullptr);
+  ASSERT_NE(std::setlocale(LC_NUMERIC, "C.UTF-8"), nullptr);
+  EXPECT_EQ(openVideo(), "Success");
+  EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+  std::setlocale(LC_NUMERIC, saved.c_str());
+}
+
+TEST_F(MCorePlayback, ParentWindowWithoutDisplayDrawsNothing) {
+  MciServiceOptions options;
+  options.audioOutput = "null";
+  options.drawPictures = true;
+  configureMciService(options);
+  const char* display = std::getenv("DISPLAY");
+  const std::string saved = display != nullptr ? display : "";
+  ::unsetenv("DISPLAY");
+  // Not a window of any display: drawing into it would fail.
+  const std::string result = MciOpen(0x7fff1234, "movie", media().video().string(), "MPEGVideo");
+  if (display != nullptr) {
+    ::setenv("DISPLAY", saved.c_str(), 1);
+  }
+  SetUpTestSuite();
+  ASSERT_EQ(result, "Success");
+  EXPECT_EQ(MciWhereDestination("movie", "cx"), 320);
+}
+
+TEST_F(MCorePlayback, CommandsInAnyCase) {
+  ASSERT_EQ(openVideo(), "Success");
+  EXPECT_EQ(ask("STATUS MOVIE MODE"), "stopped");
+  EXPECT_EQ(ask("Set Movie Time Format MS"), "");
+  EXPECT_EQ(ask("status movie LENGTH"), "4000");
+}
+
+TEST_F(MCorePlayback, CdTrayNeedsNoOpenMedia) {
+  EXPECT_EQ(ask("Set CDAudio Door Open"), "");
+  EXPECT_EQ(ask("Set CDAudio Door Closed"), "");
+}
+
+TEST_F(MCorePlayback, ReplyThatDoesNotFitIsAnError) {
+  ASSERT_EQ(openVideo(), "Success");
+  std::array<char, 4> small{};
+  EXPECT_EQ(mciSendString("status movie mode", small),
+            static_cast<std::uint32_t>(MciError::ReplyTooLong));
+  EXPECT_EQ(small[0], '\0');
+  std::array<char, 8> enough{};
+  EXPECT_EQ(mciSendString("status movie mode", enough), 0U);
+  EXPECT_STREQ(enough.data(), "stopped");
+}
+
+TEST(MciErrorText, EveryCodeHasItsOwnText) {
+  std::set<std::string> seen;
+  for (std::uint32_t code = 0; code < 400; ++code) {
+    std::array<char, 128> text{};
+    const bool known = mciGetErrorString(code, text);
+    EXPECT_EQ(known, !mciErrorText(code).empty());
+    EXPECT_NE(text[0], '\0');
+    if (known) {
+      EXPECT_TRUE(seen.insert(text.data()).second) << text.data();
     }
-    EXPECT_GE(seen.size(), 15U);
-    std::array<char, 10> cut{};
-    mciGetErrorString(static_cast<std::uint32_t>(MciError::FileNotFound), cut);
-    EXPECT_STREQ(cut.data(), "The file ");
+  }
+  EXPECT_GE(seen.size(), 15U);
+  std::array<char, 10> cut{};
+  mciGetErrorString(static_cast<std::uint32_t>(MciError::FileNotFound), cut);
+  EXPECT_STREQ(cut.data(), "The file ");
 }
 
 }  // namespace

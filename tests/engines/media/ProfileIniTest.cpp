@@ -15,122 +15,115 @@ namespace yarvo {
 namespace {
 
 class ProfileIniTest : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "yarvo-ini-XXXXXX").string();
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        folder_ = pattern;
-    }
-    void TearDown() override { std::filesystem::remove_all(folder_); }
+ protected:
+  void SetUp() override {
+    std::string pattern = (std::filesystem::temp_directory_path() / "yarvo-ini-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern;
+  }
+  void TearDown() override { std::filesystem::remove_all(folder_); }
 
-    std::filesystem::path file() const { return folder_ / "system.ini"; }
+  std::filesystem::path file() const { return folder_ / "system.ini"; }
 
-    void writeFile(const std::string& content) const { std::ofstream(file(), std::ios::binary) << content; }
+  void writeFile(const std::string& content) const {
+    std::ofstream(file(), std::ios::binary) << content;
+  }
 
-    std::string readFile() const
-    {
-        std::ifstream in(file(), std::ios::binary);
-        std::stringstream text;
-        text << in.rdbuf();
-        return text.str();
-    }
+  std::string readFile() const {
+    std::ifstream in(file(), std::ios::binary);
+    std::stringstream text;
+    text << in.rdbuf();
+    return text.str();
+  }
 
-    std::filesystem::path folder_;
+  std::filesystem::path folder_;
 };
 
-TEST_F(ProfileIniTest, ReadsLikeThePrivateProfileCall)
-{
-    writeFile(
-        "; drivers\r\n[boot]\r\nshell=explorer.exe\r\n\r\n[mci]\r\n  MPEGVideo = mciqtz.drv  "
-        "\r\nsequencer=\"mciseq.drv\"\r\n;avivideo=old.drv\r\nempty=\r\n[other]\r\navivideo=x\r\n");
-    const ProfileIni ini(file());
-    struct Case {
-        const char* section;
-        const char* key;
-        const char* expected;
-    };
-    for (const Case& c : {Case{"MCI", "MPEGVideo", "mciqtz.drv"}, Case{"mci", "mpegvideo", "mciqtz.drv"},
-                          Case{"MCI", "sequencer", "mciseq.drv"}, Case{"MCI", "avivideo", "None"},
-                          Case{"MCI", "empty", ""}, Case{"MCI", "shell", "None"},
-                          Case{"boot", "shell", "explorer.exe"}, Case{"missing", "x", "None"}}) {
-        SCOPED_TRACE(std::string(c.section) + "/" + c.key);
-        EXPECT_EQ(ini.read(c.section, c.key, "None"), c.expected);
-    }
+TEST_F(ProfileIniTest, ReadsLikeThePrivateProfileCall) {
+  writeFile(
+      "; drivers\r\n[boot]\r\nshell=explorer.exe\r\n\r\n[mci]\r\n  MPEGVideo = mciqtz.drv  "
+      "\r\nsequencer=\"mciseq.drv\"\r\n;avivideo=old.drv\r\nempty=\r\n[other]\r\navivideo=x\r\n");
+  const ProfileIni ini(file());
+  struct Case {
+    const char* section;
+    const char* key;
+    const char* expected;
+  };
+  for (const Case& c :
+       {Case{"MCI", "MPEGVideo", "mciqtz.drv"}, Case{"mci", "mpegvideo", "mciqtz.drv"},
+        Case{"MCI", "sequencer", "mciseq.drv"}, Case{"MCI", "avivideo", "None"},
+        Case{"MCI", "empty", ""}, Case{"MCI", "shell", "None"},
+        Case{"boot", "shell", "explorer.exe"}, Case{"missing", "x", "None"}}) {
+    SCOPED_TRACE(std::string(c.section) + "/" + c.key);
+    EXPECT_EQ(ini.read(c.section, c.key, "None"), c.expected);
+  }
 }
 
-TEST_F(ProfileIniTest, MissingFileGivesTheFallback)
-{
-    EXPECT_EQ(ProfileIni(file()).read("MCI", "MPEGVideo", "None"), "None");
+TEST_F(ProfileIniTest, MissingFileGivesTheFallback) {
+  EXPECT_EQ(ProfileIni(file()).read("MCI", "MPEGVideo", "None"), "None");
 }
 
-TEST_F(ProfileIniTest, LongValuesAreCutToTheBuffer)
-{
-    writeFile("[MCI]\nlong=" + std::string(400, 'v') + "\n");
-    EXPECT_EQ(ProfileIni(file()).read("MCI", "long", "None").size(), ProfileIni::kMaxValueLength);
+TEST_F(ProfileIniTest, LongValuesAreCutToTheBuffer) {
+  writeFile("[MCI]\nlong=" + std::string(400, 'v') + "\n");
+  EXPECT_EQ(ProfileIni(file()).read("MCI", "long", "None").size(), ProfileIni::kMaxValueLength);
 }
 
-TEST_F(ProfileIniTest, WriteReplacesAddsAndCreates)
-{
-    writeFile("[boot]\nshell=a\n\n[MCI]\nMPEGVideo=old.drv\n\n[last]\nk=v\n");
-    const ProfileIni ini(file());
-    ASSERT_TRUE(ini.write("mci", "mpegvideo", "mciqtz.drv"));
-    ASSERT_TRUE(ini.write("MCI", "sequencer", "mciseq.drv"));
-    ASSERT_TRUE(ini.write("fresh", "key", "value"));
-    EXPECT_EQ(readFile(),
-              "[boot]\nshell=a\n\n[MCI]\nmpegvideo=mciqtz.drv\nsequencer=mciseq.drv\n\n[last]\nk=v\n"
-              "\n[fresh]\nkey=value\n");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_),
-                            std::filesystem::directory_iterator()),
-              1);  // no temporary file is left beside it
+TEST_F(ProfileIniTest, WriteReplacesAddsAndCreates) {
+  writeFile("[boot]\nshell=a\n\n[MCI]\nMPEGVideo=old.drv\n\n[last]\nk=v\n");
+  const ProfileIni ini(file());
+  ASSERT_TRUE(ini.write("mci", "mpegvideo", "mciqtz.drv"));
+  ASSERT_TRUE(ini.write("MCI", "sequencer", "mciseq.drv"));
+  ASSERT_TRUE(ini.write("fresh", "key", "value"));
+  EXPECT_EQ(readFile(),
+            "[boot]\nshell=a\n\n[MCI]\nmpegvideo=mciqtz.drv\nsequencer=mciseq.drv\n\n[last]\nk=v\n"
+            "\n[fresh]\nkey=value\n");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_),
+                          std::filesystem::directory_iterator()),
+            1);  // no temporary file is left beside it
 }
 
-TEST_F(ProfileIniTest, WriteMakesTheFolder)
-{
-    const ProfileIni ini(folder_ / "a" / "b" / "system.ini");
-    ASSERT_TRUE(ini.write("MCI", "avivideo", "mciavi.drv"));
-    EXPECT_EQ(ini.read("MCI", "AVIVideo", "None"), "mciavi.drv");
+TEST_F(ProfileIniTest, WriteMakesTheFolder) {
+  const ProfileIni ini(folder_ / "a" / "b" / "system.ini");
+  ASSERT_TRUE(ini.write("MCI", "avivideo", "mciavi.drv"));
+  EXPECT_EQ(ini.read("MCI", "AVIVideo", "None"), "mciavi.drv");
 }
 
-TEST_F(ProfileIniTest, RefusedWriteIsSilentAndChangesNothing)
-{
-    writeFile("not a folder");
-    const ProfileIni ini(file() / "system.ini");  // its folder is a file
-    EXPECT_FALSE(ini.write("MCI", "MPEGVideo", "x"));
-    EXPECT_EQ(readFile(), "not a folder");
-    EXPECT_FALSE(ProfileIni(file()).write("", "key", "x"));
+TEST_F(ProfileIniTest, RefusedWriteIsSilentAndChangesNothing) {
+  writeFile("not a folder");
+  const ProfileIni ini(file() / "system.ini");  // its folder is a file
+  EXPECT_FALSE(ini.write("MCI", "MPEGVideo", "x"));
+  EXPECT_EQ(readFile(), "not a folder");
+  EXPECT_FALSE(ProfileIni(file()).write("", "key", "x"));
 }
 
-TEST_F(ProfileIniTest, MCoreDriverTableRoundTrip)
-{
-    setMciDriverFile(file());
-    EXPECT_EQ(MciReadDriver("MPEGVideo"), "None");
-    MciWriteDriver("MPEGVideo", "mciqtz.drv");
-    MciWriteDriver("sequencer", "mciseq.drv");
-    EXPECT_EQ(MciReadDriver("MPEGVideo"), "mciqtz.drv");
-    EXPECT_EQ(MciReadDriver("sequencer"), "mciseq.drv");
-    EXPECT_EQ(readFile(), "[MCI]\nMPEGVideo=mciqtz.drv\nsequencer=mciseq.drv\n");
-    setMciDriverFile({});
+TEST_F(ProfileIniTest, MCoreDriverTableRoundTrip) {
+  setMciDriverFile(file());
+  EXPECT_EQ(MciReadDriver("MPEGVideo"), "None");
+  MciWriteDriver("MPEGVideo", "mciqtz.drv");
+  MciWriteDriver("sequencer", "mciseq.drv");
+  EXPECT_EQ(MciReadDriver("MPEGVideo"), "mciqtz.drv");
+  EXPECT_EQ(MciReadDriver("sequencer"), "mciseq.drv");
+  EXPECT_EQ(readFile(), "[MCI]\nMPEGVideo=mciqtz.drv\nsequencer=mciseq.drv\n");
+  setMciDriverFile({});
 }
 
-TEST_F(ProfileIniTest, DefaultPlaceFollowsXdgConfigHome)
-{
-    const char* saved = std::getenv("XDG_CONFIG_HOME");
-    const std::string previous = saved != nullptr ? saved : "";
-    ::setenv("XDG_CONFIG_HOME", folder_.c_str(), 1);
-    EXPECT_EQ(systemIniPath(), folder_ / "yarvo-player" / "system.ini");
-    ::setenv("XDG_CONFIG_HOME", "relative/config", 1);
-    const auto fromRelative = systemIniPath();
-    ::unsetenv("XDG_CONFIG_HOME");
-    EXPECT_EQ(fromRelative, systemIniPath());
-    const char* home = std::getenv("HOME");
-    if (home != nullptr) {
-        EXPECT_EQ(systemIniPath(), std::filesystem::path(home) / ".config" / "yarvo-player" / "system.ini");
-    }
-    if (saved != nullptr) {
-        ::setenv("XDG_CONFIG_HOME", previous.c_str(), 1);
-    }
+TEST_F(ProfileIniTest, DefaultPlaceFollowsXdgConfigHome) {
+  const char* saved = std::getenv("XDG_CONFIG_HOME");
+  const std::string previous = saved != nullptr ? saved : "";
+  ::setenv("XDG_CONFIG_HOME", folder_.c_str(), 1);
+  EXPECT_EQ(systemIniPath(), folder_ / "yarvo-player" / "system.ini");
+  ::setenv("XDG_CONFIG_HOME", "relative/config", 1);
+  const auto fromRelative = systemIniPath();
+  ::unsetenv("XDG_CONFIG_HOME");
+  EXPECT_EQ(fromRelative, systemIniPath());
+  const char* home = std::getenv("HOME");
+  if (home != nullptr) {
+    EXPECT_EQ(systemIniPath(),
+              std::filesystem::path(home) / ".config" / "yarvo-player" / "system.ini");
+  }
+  if (saved != nullptr) {
+    ::setenv("XDG_CONFIG_HOME", previous.c_str(), 1);
+  }
 }
 
 }  // namespace
