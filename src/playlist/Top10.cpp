@@ -22,9 +22,14 @@ constexpr int kPlaces = 20;
 constexpr int kWaitingRows = 20;  // rows of the waiting list that are looked at and saved
 constexpr const char* kTopFile = "/Data/top.data";
 
-// The two places (control indexes) that the next climb step compares.
-std::int16_t RankLower = 0;
-std::int16_t RankUpper = 0;
+// The two places (control indexes) that the next climb step compares; the
+// module's own variables, kept with the program.
+struct Climb {
+  std::int16_t RankLower = 0;
+  std::int16_t RankUpper = 0;
+};
+
+Climb& Ranks() { return program().State<Climb>(); }
 
 MediaLibrary& Library() { return program().MediaLibrary(); }
 
@@ -186,8 +191,8 @@ void CountPlay(const std::string& Title) {
   ResumeNext([&] {
     if (library.ListaAsteptare.ListCount() >= kWaitingRows) library.ListaAsteptare.RemoveItem(0);
   });
-  RankLower = kPlaces;
-  RankUpper = kPlaces - 1;
+  Ranks().RankLower = kPlaces;
+  Ranks().RankUpper = kPlaces - 1;
   ResumeNext([&] { library.TimerClasament.Interval = 100; });
   ResumeNext([&] { library.TimerClasament.Enabled = true; });
 }
@@ -195,16 +200,16 @@ void CountPlay(const std::string& Title) {
 void MoveUpInTop() {
   auto& library = Library();
   // 16-bit as the places are counted; leaving that range is an overflow.
-  ResumeNext([] { RankLower = CInt(RankLower - 1.0); });
-  ResumeNext([] { RankUpper = CInt(RankLower - 1.0); });
+  ResumeNext([] { Ranks().RankLower = CInt(Ranks().RankLower - 1.0); });
+  ResumeNext([] { Ranks().RankUpper = CInt(Ranks().RankLower - 1.0); });
   ResumeNext([&] {
-    if (CDbl(library.CountPlayed(RankLower).Caption.get()) >
-        CDbl(library.CountPlayed(RankUpper).Caption.get())) {
-      Exchange(RankLower, RankUpper);
+    if (CDbl(library.CountPlayed(Ranks().RankLower).Caption.get()) >
+        CDbl(library.CountPlayed(Ranks().RankUpper).Caption.get())) {
+      Exchange(Ranks().RankLower, Ranks().RankUpper);
     }
   });
   ResumeNext([&] {
-    if (RankLower == 0) library.TimerClasament.Enabled = false;
+    if (Ranks().RankLower == 0) library.TimerClasament.Enabled = false;
   });
   ResumeNext(ShowTopPosition);
 }
