@@ -67,7 +67,7 @@ class Main : public Form {
   ControlArray<Slider> sldEQR{this, "sldEQR", 11, 0, 100, 50};
   ControlArray<PictureBox> FrameVideo{this, "FrameVideo", 1};
   ControlArray<Slider> SliderMoveMultimedia{this, "SliderMoveMultimedia", 1, 0, 0, 0};
-  Slider Volum{this, "Volum", 0, 100, 0};
+  Slider Volum{this, "Volum", 0, 100, 100};  // a first start is heard
   // Holds the keyboard focus for the shortcuts; moved outside the window.
   TextBox KeyFocus{this, "KeyFocus"};
 

@@ -23,7 +23,7 @@ class MiniForm : public Form {
   Label StarePlayer{this, "StarePlayer", ""};
   Label Titlu{this, "Titlu", ""};
   PictureBox Visualisation{this, "Visualisation"};
-  Slider Volum{this, "Volum", 0, 100, 0};
+  Slider Volum{this, "Volum", 0, 100, 100};  // a first start is heard
   ControlArray<Slider> SliderMoveMultimedia{this, "SliderMoveMultimedia", 1, 0, 0, 0};
   TextBox KeyFocus{this, "KeyFocus"};
   Timer Timer1{this, "Timer1", 500, true};
