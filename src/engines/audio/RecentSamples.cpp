@@ -12,14 +12,23 @@ RecentSamples::RecentSamples(std::size_t frames, int channels)
     ring_[i].store(0.0f, std::memory_order_relaxed);
 }
 
+// The ring is copied in at most two straight runs of samples (up to its end,
+// then from its start), so the loops carry no per-frame wrap test.
 void RecentSamples::append(const float* interleaved, std::size_t frames) noexcept {
   const auto chans = static_cast<std::size_t>(channels_);
   const std::uint64_t written = written_.load(std::memory_order_relaxed);
-  std::size_t slot = static_cast<std::size_t>(written % capacity_);
-  for (std::size_t f = 0; f < frames; ++f) {
-    for (std::size_t c = 0; c < chans; ++c)
-      ring_[slot * chans + c].store(interleaved[f * chans + c], std::memory_order_relaxed);
-    if (++slot == capacity_) slot = 0;
+  const std::size_t total = capacity_ * chans;
+  std::size_t at = static_cast<std::size_t>(written % capacity_) * chans;
+  std::size_t left = std::min(frames, capacity_) * chans;
+  // Only the newest frames fit when more arrive than the ring holds.
+  const float* from = interleaved + (frames - std::min(frames, capacity_)) * chans;
+  if (frames > capacity_) at = static_cast<std::size_t>((written + frames - capacity_) % capacity_) * chans;
+  while (left > 0) {
+    const std::size_t run = std::min(left, total - at);
+    for (std::size_t k = 0; k < run; ++k) ring_[at + k].store(from[k], std::memory_order_relaxed);
+    from += run;
+    left -= run;
+    at = 0;
   }
   written_.store(written + frames, std::memory_order_release);
 }
@@ -30,11 +39,16 @@ void RecentSamples::newest(float* interleaved, std::size_t frames) const noexcep
   // Frames before the first ever written are silence.
   const std::size_t missing = end >= frames ? 0 : frames - static_cast<std::size_t>(end);
   std::fill_n(interleaved, missing * chans, 0.0f);
-  std::size_t slot = static_cast<std::size_t>((end - (frames - missing)) % capacity_);
-  for (std::size_t f = missing; f < frames; ++f) {
-    for (std::size_t c = 0; c < chans; ++c)
-      interleaved[f * chans + c] = ring_[slot * chans + c].load(std::memory_order_relaxed);
-    if (++slot == capacity_) slot = 0;
+  const std::size_t total = capacity_ * chans;
+  std::size_t at = static_cast<std::size_t>((end - (frames - missing)) % capacity_) * chans;
+  float* to = interleaved + missing * chans;
+  std::size_t left = (frames - missing) * chans;
+  while (left > 0) {
+    const std::size_t run = std::min(left, total - at);
+    for (std::size_t k = 0; k < run; ++k) to[k] = ring_[at + k].load(std::memory_order_relaxed);
+    to += run;
+    left -= run;
+    at = 0;
   }
 }
 
