@@ -1,5 +1,7 @@
 #include "platform/qt/QtDesktop.h"
 
+#include "platform/qt/FormHost.h"
+
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
@@ -50,7 +52,7 @@ void QtDesktop::OpenWebPage(const std::string& url) {
 TwipsSize QtDesktop::ScreenSize() const {
   const QScreen* screen = QGuiApplication::primaryScreen();
   const QSize size = screen ? screen->size() : QSize(1920, 1080);
-  return {size.width() * 15, size.height() * 15};
+  return {size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel};
 }
 
 void QtDesktop::DoEvents() { QCoreApplication::processEvents(); }
