@@ -9,21 +9,15 @@
 
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "core/DataForm.h"
-#include "core/Program.h"
-#include "core/form/Events.h"
 #include "playlist/ClsPl.h"
 #include "playlist/Id3Module.h"
 #include "playlist/Playlist.h"
 #include "settings/Options.h"
-#include "support/FakeBass.h"
-#include "support/ManualClock.h"
-#include "support/Recorders.h"
-#include "windows/Main.h"
+#include "support/BenchProgram.h"
 
 namespace {
 
@@ -74,21 +68,13 @@ void BM_ReadLast128BytesFloor(benchmark::State& state) {
 BENCHMARK(BM_ReadLast128BytesFloor)->Unit(benchmark::kMillisecond);
 
 void BM_FileNameToID3(benchmark::State& state) {
-  test::ManualClock clock;
-  test::RecordingDesktop desktop;
-  test::FakeProcess process;
-  test::FakeBass bass{clock};
-  test::ScriptedRandom random;
-  process.programFolder = Files().folder.string();
-  auto program = std::make_unique<Program>(Services{clock, desktop, process, bass, random});
-  program->Main();
-  for (const auto& path : Files().paths) program->DataForm().ListaCale.AddItem(path);
-  ListNoChar(program->Playlist().PicList, program->DataForm().ListaCale);
-  program->Options().Option18.Value = true;  // the first retitling, outside the timing
+  bench::BenchProgram bench;
+  auto& program = bench.Start();
+  for (const auto& path : Files().paths) program.DataForm().ListaCale.AddItem(path);
+  ListNoChar(program.Playlist().PicList, program.DataForm().ListaCale);
+  program.Options().Option18.Value = true;  // the first retitling, outside the timing
   for (auto _ : state) FileNameToID3();
   state.counters["files"] = kFiles;
-  program.reset();
-  ReleaseRetired();
 }
 BENCHMARK(BM_FileNameToID3)->Unit(benchmark::kMillisecond);
 

@@ -3,23 +3,16 @@
 // the Jump list's refresh, once with file-name titles and once reading every file's tag.
 
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <string>
 
 #include "core/DataForm.h"
-#include "core/Program.h"
-#include "core/form/Events.h"
 #include "playlist/AddMedia.h"
 #include "playlist/Playlist.h"
 #include "settings/Options.h"
-#include "support/FakeBass.h"
-#include "support/ManualClock.h"
-#include "support/Recorders.h"
-#include "windows/Main.h"
+#include "support/BenchProgram.h"
 
 namespace {
 
@@ -40,26 +33,16 @@ void Songs(const fs::path& folder) {
   }
 }
 
+// The tree beside a started program, and a fresh start for each add.
 struct Bench {
   Bench() {
-    std::string pattern = (fs::temp_directory_path() / "yarvo-bench-XXXXXX").string();
-    folder = ::mkdtemp(pattern.data());
-    fs::create_directories(folder / "Data");
-    fs::create_directories(folder / "Playlists");
-    Songs(folder / "Music");
+    Songs(base.folder / "Music");
     for (int a = 0; a < kArtists; ++a) {
-      const fs::path artist = folder / "Music" / ("Artist " + std::to_string(a));
+      const fs::path artist = base.folder / "Music" / ("Artist " + std::to_string(a));
       Songs(artist);
       for (int b = 0; b < kAlbums; ++b) Songs(artist / ("Album " + std::to_string(b)));
     }
-    process.programFolder = folder.string();
-    program = std::make_unique<Program>(Services{clock, desktop, process, bass, random});
-    program->Main();
-  }
-  ~Bench() {
-    program.reset();
-    ReleaseRetired();
-    fs::remove_all(folder);
+    program = &base.Start();
   }
 
   // An empty playlist and a lister that must read its folders afresh.
@@ -69,17 +52,12 @@ struct Bench {
     program->Playlist().PicList.Clear();
     store.Foldere.Clear();
     store.NrFisier = "0";
-    store.File1.Path(folder.string());
-    desktop.folderAnswers = {(folder / "Music").string()};
+    store.File1.Path(base.folder.string());
+    base.desktop.folderAnswers = {(base.folder / "Music").string()};
   }
 
-  fs::path folder;
-  test::ManualClock clock;
-  test::RecordingDesktop desktop;
-  test::FakeProcess process;
-  test::FakeBass bass{clock};
-  test::ScriptedRandom random;
-  std::unique_ptr<Program> program;
+  bench::BenchProgram base;
+  Program* program = nullptr;
 };
 
 void Walk(benchmark::State& state, bool tagTitles) {

@@ -18,13 +18,13 @@ bool fitsOffset(std::uint64_t offset, std::size_t count) noexcept {
 
 }  // namespace
 
-std::optional<ByteFile> ByteFile::open(const std::filesystem::path& path, Access access) noexcept {
+std::optional<ByteFile> ByteFile::open(const std::string& path, Access access) noexcept {
   // O_NONBLOCK keeps open() from waiting for a FIFO's writer; it changes
   // nothing for the regular files that pass the check below.
   const int flags =
       (access == Access::Read ? O_RDONLY : O_RDWR) | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
   // A zero byte would end the name early and open some other file.
-  if (path.native().find('\0') != std::string::npos) return std::nullopt;
+  if (path.find('\0') != std::string::npos) return std::nullopt;
   int fd = -1;
   do {
     fd = ::open(path.c_str(), flags);

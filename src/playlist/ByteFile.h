@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <span>
 
 namespace yarvo {
@@ -18,7 +19,7 @@ class ByteFile {
 
   // nullopt when the path can't be opened with that access, isn't a regular
   // file, or holds a zero byte.
-  static std::optional<ByteFile> open(const std::filesystem::path& path, Access access) noexcept;
+  static std::optional<ByteFile> open(const std::string& path, Access access) noexcept;
 
   ByteFile(ByteFile&& other) noexcept;
   ByteFile& operator=(ByteFile&& other) noexcept;

@@ -60,11 +60,12 @@ void ShowId3Tag(const std::string& FileName) {
   ResumeNext([&] { library.Combo1T.SetListIndex(tag.Genre); });
 }
 
-TagNames ReadTagNames(const std::string& path) {
+TagNames ReadTagNames(const std::string& path) { return ReadTagNames(path, TagCodePage()); }
+
+TagNames ReadTagNames(const std::string& path, CodePage page) {
   auto& library = program().MediaLibrary();
   ReadId3Tag(path);
   auto& tag = TheId3Tag();
-  const CodePage page = TagCodePage();
   TagNames names;
   names.artist = removeBlankPairs(ThroughTextBox(library.Text2T, fieldText(tag.Artist, page)));
   names.title = removeBlankPairs(ThroughTextBox(library.Text1T, fieldText(tag.Title, page)));
@@ -85,10 +86,11 @@ void FileNameToID3() {
   auto& paths = p.DataForm().ListaCale;
   picList.Visible = false;  // no repaint row by row
   std::string lastTitle;
+  const CodePage page = TagCodePage();
   for (int row = 0; row < paths.ListCount(); ++row) {
     ResumeNext([&] {
       paths.Selected(row);
-      const TagNames names = ReadTagNames(paths.Text());
+      const TagNames names = ReadTagNames(paths.Text(), page);
       // A row whose tag repeats the title of the row retitled just before it
       // keeps its own text.
       if (names.artist.empty() || names.title.empty() || names.title == lastTitle) return;

@@ -56,7 +56,7 @@ Id3TagBytes id3TagBytes(const Id3Tag& tag) noexcept {
   return out;
 }
 
-bool readId3TagFile(const std::filesystem::path& path, Id3Tag& tag) noexcept {
+bool readId3TagFile(const std::string& path, Id3Tag& tag) noexcept {
   std::optional<ByteFile> file = ByteFile::open(path, ByteFile::Access::Read);
   if (!file || file->size() < kId3TagSize) return false;
   Id3TagBytes tail{};
@@ -64,7 +64,7 @@ bool readId3TagFile(const std::filesystem::path& path, Id3Tag& tag) noexcept {
   return parseId3Tag(tail, tag);
 }
 
-bool writeId3TagFile(const std::filesystem::path& path, const Id3Tag& tag) noexcept {
+bool writeId3TagFile(const std::string& path, const Id3Tag& tag) noexcept {
   std::optional<ByteFile> file = ByteFile::open(path, ByteFile::Access::ReadWrite);
   if (!file) return false;
   const std::uint64_t size = file->size();

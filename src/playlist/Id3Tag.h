@@ -80,13 +80,13 @@ Id3TagBytes id3TagBytes(const Id3Tag& tag) noexcept;
 // bytes begin with "TAG". False and tag untouched when there is none, or when
 // the file is missing, unreadable, not a regular file or shorter than 128
 // bytes. Creates nothing on disk.
-bool readId3TagFile(const std::filesystem::path& path, Id3Tag& tag) noexcept;
+bool readId3TagFile(const std::string& path, Id3Tag& tag) noexcept;
 
 // Writes the tag into a file: over the 125 bytes behind an existing "TAG"
 // at 128 bytes from the end, or else as 128 new bytes appended, so that no
 // audio byte changes. True when written. On failure the file keeps its
 // length and its old bytes, as far as the system lets them be restored.
-bool writeId3TagFile(const std::filesystem::path& path, const Id3Tag& tag) noexcept;
+bool writeId3TagFile(const std::string& path, const Id3Tag& tag) noexcept;
 
 // What a field shows as text: its bytes up to the first zero byte, converted
 // to UTF-8. Blank padding stays.

@@ -103,7 +103,7 @@ void JumpForm::Search() {
   for (int row = 0; row < Lista.ListCount(); ++row) {
     ResumeNext([&] {
       Lista.Selected(row);
-      const std::string title = Lista.Text();
+      const std::string& title = Lista.Text();  // the walk does not change Lista
       CBoyerMoore search;
       search.CaseSensitive(false);
       search.FindText(pattern);

@@ -150,7 +150,7 @@ void readMp3InfoBytes(std::span<const std::uint8_t> head, std::uint64_t fileSize
   Info.FileSize = std::to_string(fileSize);
 }
 
-void ReadMp3Info(const std::filesystem::path& FileName, Mp3Info& Info) {
+void ReadMp3Info(const std::string& FileName, Mp3Info& Info) {
   std::optional<ByteFile> file = ByteFile::open(FileName, ByteFile::Access::Read);
   if (!file) return;
   std::array<std::uint8_t, kMp3ReadBytes> head{};

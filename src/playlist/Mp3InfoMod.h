@@ -45,7 +45,7 @@ inline constexpr std::size_t kMp3LastSyncPosition = 4092;
 // - a bit rate of 0, or a Xing frame count of 57 or below, stops the reader
 //   behind BitRate, resp. Length, and leaves the fields after it empty
 //   (Copyright, Original, Emphasis, Mode, FileSize).
-void ReadMp3Info(const std::filesystem::path& FileName, Mp3Info& Info);
+void ReadMp3Info(const std::string& FileName, Mp3Info& Info);
 
 // The same rules on bytes in memory: head holds the file's first bytes (only
 // the first 4096 are looked at; fewer when the file is shorter), fileSize is
