@@ -6,6 +6,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <unistd.h>
 #include <string>
 
 #include "core/DataForm.h"
@@ -50,6 +51,7 @@ void BM_FileNameToID3(benchmark::State& state) {
       FileNameToID3();
       return 0;
     });
+    ::sync();
     floorSeconds += secondsOf([&] { return readLast128Bytes(paths); });
     retitleSeconds += retitle;
     state.SetIterationTime(retitle);

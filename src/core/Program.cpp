@@ -1,5 +1,6 @@
 #include "core/Program.h"
 
+#include <atomic>
 #include <cassert>
 #include <functional>
 
@@ -85,6 +86,11 @@ Program::~Program() {
 Program& Program::Current() {
   assert(current != nullptr && "no Program is running");
   return *current;
+}
+
+std::size_t Program::NewStateIndex() {
+  static std::atomic<std::size_t> next{0};
+  return next++;
 }
 
 void Program::End(int exitCode) { throw ProcessEnd{exitCode}; }

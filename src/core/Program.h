@@ -8,8 +8,6 @@
 
 #include <functional>
 #include <memory>
-#include <typeindex>
-#include <unordered_map>
 #include <vector>
 
 #include "core/form/TimerScheduler.h"
@@ -88,7 +86,9 @@ class Program {
   // tag record): made on first use, alive as long as this program.
   template <class T>
   T& State() {
-    auto& slot = state_[std::type_index(typeid(T))];
+    static const std::size_t index = NewStateIndex();
+    if (index >= state_.size()) state_.resize(index + 1);
+    auto& slot = state_[index];
     if (!slot) slot = std::make_shared<T>();
     return *static_cast<T*>(slot.get());
   }
@@ -104,7 +104,10 @@ class Program {
   Services services_;
   TimerScheduler::Use scheduler_;
   std::unique_ptr<Forms> forms_;
-  std::unordered_map<std::type_index, std::shared_ptr<void>> state_;
+  // Each type of state has one index, the same in every program: a lookup
+  // is an array access, which matters in loops over a whole playlist.
+  static std::size_t NewStateIndex();
+  std::vector<std::shared_ptr<void>> state_;
   std::function<void(Form&)> formMade_;
   std::function<void(Form&)> formUnloaded_;
 };

@@ -62,8 +62,9 @@ bool WriteFileAtomically(const std::string& path, std::string_view bytes, Durabi
   const std::string temporary = path + ".tmp-" + std::to_string(::getpid());
   Fd fd(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644));
   if (fd.get() < 0) return false;
-  const bool synced = durability == Durability::Cache || ::fsync(fd.get()) == 0;
-  const bool written = WriteAll(fd.get(), bytes) && synced && fd.Close();
+  // The bytes reach the disk before the rename makes them the file's.
+  const bool written = WriteAll(fd.get(), bytes) &&
+                       (durability == Durability::Cache || ::fsync(fd.get()) == 0) && fd.Close();
   if (!written || ::rename(temporary.c_str(), path.c_str()) != 0) {
     ::unlink(temporary.c_str());
     return false;

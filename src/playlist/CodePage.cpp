@@ -151,9 +151,7 @@ std::optional<CodePage> codePageFromName(std::string_view name) noexcept {
   return std::nullopt;
 }
 
-std::string codePageToUtf8(std::string_view bytes, CodePage page) {
-  std::string out;
-  out.reserve(bytes.size() * 2);
+void appendCodePageText(std::string& out, std::string_view bytes, CodePage page) {
   for (std::size_t i = 0; i < bytes.size();) {
     // The lower half is ASCII in every one of these code pages and in UTF-8:
     // it goes across in runs.
@@ -164,6 +162,12 @@ std::string codePageToUtf8(std::string_view bytes, CodePage page) {
     appendUtf8(out, characterOf(static_cast<unsigned char>(bytes[ascii]), page));
     i = ascii + 1;
   }
+}
+
+std::string codePageToUtf8(std::string_view bytes, CodePage page) {
+  std::string out;
+  out.reserve(bytes.size() * 2);
+  appendCodePageText(out, bytes, page);
   return out;
 }
 

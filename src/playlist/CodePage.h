@@ -30,6 +30,8 @@ std::optional<CodePage> codePageFromName(std::string_view name) noexcept;
 // (0x81 in Windows-1250, for example) become the C1 control of the same value,
 // as Windows itself reads them, so that a read and a write give the bytes back.
 std::string codePageToUtf8(std::string_view bytes, CodePage page);
+// The same, appended to `out`.
+void appendCodePageText(std::string& out, std::string_view bytes, CodePage page);
 
 // Every character becomes one byte: the result has as many bytes as the text
 // has characters. A character without a byte in the code page, and every byte

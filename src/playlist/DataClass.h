@@ -34,12 +34,10 @@ template <class RowSink>
 void SplitLines(std::string_view bytes, RowSink&& row) {
   std::size_t start = 0;
   while (start < bytes.size()) {
-    const std::size_t end = bytes.find_first_of("\r\n", start);
-    if (end == std::string_view::npos) {
-      row(RTrim(bytes.substr(start)));
-      return;
-    }
+    std::size_t end = start;
+    while (end < bytes.size() && bytes[end] != '\r' && bytes[end] != '\n') ++end;
     row(RTrim(bytes.substr(start, end - start)));
+    if (end == bytes.size()) return;
     start = end + 1;
     if (bytes[end] == '\r' && start < bytes.size() && bytes[start] == '\n') ++start;
   }

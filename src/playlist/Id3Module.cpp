@@ -16,11 +16,20 @@ struct TagRecord {
   Id3Tag tag;
 };
 
-// The tag record's text fields go through text boxes that end a text at its
-// first zero byte; then pairs of blanks go.
-std::string ThroughTextBox(TextBox& box, const std::string& text) {
-  box.SetText(text);
-  return box.Text;
+// The title and artist a tag gives to a title pass through the tag page's
+// text boxes, which end a text at its first zero byte.
+void ShowTitleAndArtist(const Id3Tag& tag, CodePage page) {
+  auto& library = program().MediaLibrary();
+  library.Text2T.SetText(fieldText(tag.Artist, page));
+  library.Text1T.SetText(fieldText(tag.Title, page));
+}
+
+// Artist and title of the record, blanked there behind the copy.
+TagNames TakeTagNames(Id3Tag& tag, CodePage page) {
+  TagNames names{tagTitleText(tag.Artist, page), tagTitleText(tag.Title, page)};
+  tag.Artist = "";
+  tag.Title = "";
+  return names;
 }
 
 }  // namespace
@@ -60,37 +69,42 @@ void ShowId3Tag(const std::string& FileName) {
   ResumeNext([&] { library.Combo1T.SetListIndex(tag.Genre); });
 }
 
-TagNames ReadTagNames(const std::string& path) { return ReadTagNames(path, TagCodePage()); }
-
-TagNames ReadTagNames(const std::string& path, CodePage page) {
-  auto& library = program().MediaLibrary();
+TagNames ReadTagNames(const std::string& path) {
+  const CodePage page = TagCodePage();
   ReadId3Tag(path);
   auto& tag = TheId3Tag();
-  TagNames names;
-  names.artist = removeBlankPairs(ThroughTextBox(library.Text2T, fieldText(tag.Artist, page)));
-  names.title = removeBlankPairs(ThroughTextBox(library.Text1T, fieldText(tag.Title, page)));
-  tag.Artist = "";
-  tag.Title = "";
-  return names;
+  ShowTitleAndArtist(tag, page);
+  return TakeTagNames(tag, page);
 }
 
 std::string TagTitle(const TagNames& names) {
   if (names.artist.empty() || names.title.empty()) return {};
-  return program().Options().Option18.Value ? names.artist + " - " + names.title
-                                            : names.title + " - " + names.artist;
+  const bool artistFirst = program().Options().Option18.Value;
+  const std::string& first = artistFirst ? names.artist : names.title;
+  const std::string& second = artistFirst ? names.title : names.artist;
+  std::string title;
+  title.reserve(first.size() + 3 + second.size());
+  return title.append(first).append(" - ").append(second);
 }
 
 void FileNameToID3() {
   auto& p = program();
   auto& picList = p.Playlist().PicList;
   auto& paths = p.DataForm().ListaCale;
+  auto& tag = TheId3Tag();
+  const CodePage page = TagCodePage();
   picList.Visible = false;  // no repaint row by row
   std::string lastTitle;
-  const CodePage page = TagCodePage();
+  // Only the last row's names stay in the text boxes, so they are filled
+  // once, behind the loop.
+  Id3Tag lastRead;
   for (int row = 0; row < paths.ListCount(); ++row) {
     ResumeNext([&] {
       paths.Selected(row);
-      const TagNames names = ReadTagNames(paths.Text(), page);
+      ReadId3Tag(paths.Text());
+      lastRead.Artist = tag.Artist;
+      lastRead.Title = tag.Title;
+      const TagNames names = TakeTagNames(tag, page);
       // A row whose tag repeats the title of the row retitled just before it
       // keeps its own text.
       if (names.artist.empty() || names.title.empty() || names.title == lastTitle) return;
@@ -98,6 +112,7 @@ void FileNameToID3() {
       lastTitle = names.title;
     });
   }
+  if (paths.ListCount() > 0) ShowTitleAndArtist(lastRead, page);
   picList.Visible = true;
   SetJumpList();
 }

@@ -32,8 +32,6 @@ struct TagNames {
   std::string title;
 };
 TagNames ReadTagNames(const std::string& path);
-// The same in a code page the caller looked up once.
-TagNames ReadTagNames(const std::string& path, CodePage page);
 
 // "Artist - Title" or "Title - Artist" by the tag title mode; "" when either
 // is empty.

@@ -2,6 +2,7 @@
 
 #include "playlist/ByteFile.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace yarvo {
@@ -92,20 +93,22 @@ std::string fieldText(std::string_view fieldBytes, CodePage page) {
   return codePageToUtf8(fieldBytes.substr(0, fieldBytes.find('\0')), page);
 }
 
-std::string removeBlankPairs(std::string_view text) {
+std::string tagTitleText(std::string_view fieldBytes, CodePage page) {
+  std::string_view text = fieldBytes.substr(0, fieldBytes.find('\0'));
+  // A pair never reaches across a non-blank, so a run of n blanks keeps
+  // n % 2 of them. A blank is the byte 0x20 in every code page here and one
+  // byte in UTF-8, so the runs between blanks go across converted whole.
   std::string out;
   out.reserve(text.size());
-  for (std::size_t k = 0; k < text.size(); ++k) {
-    if (text[k] == ' ' && k + 1 < text.size() && text[k + 1] == ' ')
-      ++k;  // the pair goes; scanning resumes behind it
-    else
-      out.push_back(text[k]);
+  while (!text.empty()) {
+    const std::size_t word = std::min(text.find(' '), text.size());
+    appendCodePageText(out, text.substr(0, word), page);
+    text.remove_prefix(word);
+    const std::size_t blanks = std::min(text.find_first_not_of(' '), text.size());
+    if (blanks % 2 == 1) out.push_back(' ');
+    text.remove_prefix(blanks);
   }
   return out;
-}
-
-std::string tagTitleText(std::string_view fieldBytes, CodePage page) {
-  return removeBlankPairs(fieldText(fieldBytes, page));
 }
 
 }  // namespace yarvo

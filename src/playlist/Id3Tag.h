@@ -104,12 +104,10 @@ void setFieldText(FixedText<N>& field, std::string_view utf8, CodePage page) {
   field.assign(utf8ToCodePage(utf8, page));
 }
 
-// Deletes every pair of adjacent blanks, scanning left to right without
-// overlap: "a  b" gives "ab", "a   b" gives "a b".
-std::string removeBlankPairs(std::string_view text);
-
 // What a title or artist field gives to a display title: fieldText(), then
-// removeBlankPairs(). A field of padding only gives "" or " ".
+// every pair of adjacent blanks deleted, scanning left to right without
+// overlap ("a  b" gives "ab", "a   b" gives "a b"). A field of padding only
+// gives "" or " ".
 std::string tagTitleText(std::string_view fieldBytes, CodePage page);
 
 template <std::size_t N>
