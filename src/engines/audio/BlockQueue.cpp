@@ -32,9 +32,12 @@ bool BlockQueue::empty() const noexcept {
   return read_.load(std::memory_order_acquire) == write_.load(std::memory_order_acquire);
 }
 
-bool BlockQueue::full() const noexcept {
-  return write_.load(std::memory_order_acquire) - read_.load(std::memory_order_acquire) >=
-         slots_.size();
+bool BlockQueue::full() const noexcept { return size() >= slots_.size(); }
+
+std::size_t BlockQueue::size() const noexcept {
+  // The read counter first: the write counter, read after it, is never behind.
+  const std::size_t read = read_.load(std::memory_order_acquire);
+  return write_.load(std::memory_order_acquire) - read;
 }
 
 }  // namespace yarvo::audio

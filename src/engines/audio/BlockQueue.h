@@ -43,6 +43,8 @@ class BlockQueue {
   // Either side; a snapshot that may be stale by the time it is used.
   [[nodiscard]] bool empty() const noexcept;
   [[nodiscard]] bool full() const noexcept;
+  [[nodiscard]] std::size_t size() const noexcept;
+  [[nodiscard]] std::size_t capacity() const noexcept { return slots_.size(); }
 
  private:
   std::vector<AudioBlock> slots_;

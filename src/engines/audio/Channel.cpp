@@ -162,8 +162,13 @@ void Channel::decodeLoop(std::stop_token stop) {
           atEnd = fillBlock(*block, nextFrame, generation);
         }
         queue_.commitWrite();
-        { std::lock_guard lock(mutex_); }
-        dataReady_.notify_one();
+        // An offline output waiting for data is woken once half the queue
+        // is there (or the end), for the same reason it wakes this thread
+        // only at half: few switches between the threads.
+        if (atEnd || queue_.size() >= queue_.capacity() / 2) {
+          { std::lock_guard lock(mutex_); }
+          dataReady_.notify_one();
+        }
         continue;
       }
     }
@@ -182,6 +187,15 @@ bool Channel::waitForData() noexcept {
   return dataReady_.wait_for(lock, kOfflineWait, [&] { return !queue_.empty(); });
 }
 
+// An offline output wakes the decoder only once half the queue is free, so
+// that it decodes many blocks per wake-up rather than one block per switch
+// between the threads.
+void Channel::releaseFront(bool offline) noexcept {
+  queue_.pop();
+  blockOffset_ = 0;
+  if (offline && queue_.size() <= queue_.capacity() / 2) wakeDecoder();
+}
+
 std::size_t Channel::pullSource(float* out, std::size_t frames, bool offline) noexcept {
   const auto chans = static_cast<std::size_t>(channels_);
   std::size_t done = 0;
@@ -192,9 +206,7 @@ std::size_t Channel::pullSource(float* out, std::size_t frames, bool offline) no
       break;
     }
     if (block->generation != consumerGeneration_) {
-      queue_.pop();
-      blockOffset_ = 0;
-      if (offline) wakeDecoder();
+      releaseFront(offline);
       continue;
     }
     if (block->endOfStream) {
@@ -211,11 +223,7 @@ std::size_t Channel::pullSource(float* out, std::size_t frames, bool offline) no
     // A seek asked for since this block began owns the position now.
     if (seekGeneration_.load(std::memory_order_relaxed) == consumerGeneration_)
       position_.store(block->firstFrame + blockOffset_, std::memory_order_relaxed);
-    if (blockOffset_ == block->frames) {
-      queue_.pop();
-      blockOffset_ = 0;
-      if (offline) wakeDecoder();
-    }
+    if (blockOffset_ == block->frames) releaseFront(offline);
   }
   if (done > 0) {
     runEffects(out, done);

@@ -97,6 +97,7 @@ class Channel {
   std::size_t pullSource(float* out, std::size_t frames, bool offline) noexcept;
   void runEffects(float* samples, std::size_t frames) noexcept;
   bool waitForData() noexcept;
+  void releaseFront(bool offline) noexcept;
   void addWithRamp(const float* native, std::size_t frames, float* stereo) noexcept;
 
   const Kind kind_;

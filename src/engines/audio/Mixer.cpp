@@ -75,7 +75,8 @@ void Mixer::renderBlock(float* stereo, std::size_t frames) noexcept {
   }
   const float target = volume_.load(std::memory_order_relaxed);
   if (currentVolume_ < 0.0f) currentVolume_ = target;
-  for (std::size_t f = 0; f < frames; ++f) {
+  std::size_t f = 0;
+  for (; f < frames && currentVolume_ != target; ++f) {
     currentVolume_ += volumeSmoothing_ * (target - currentVolume_);
     // The smoothing only approaches its target; land on it, so that volume 0
     // is true silence and full volume leaves the samples as they are.
@@ -83,6 +84,9 @@ void Mixer::renderBlock(float* stereo, std::size_t frames) noexcept {
     stereo[2 * f] *= currentVolume_;
     stereo[2 * f + 1] *= currentVolume_;
   }
+  // Settled: one factor for the rest, none at all at full volume.
+  if (target != 1.0f)
+    for (std::size_t i = 2 * f; i < 2 * frames; ++i) stereo[i] *= target;
   limiter_.process(stereo, frames);
 }
 

@@ -22,7 +22,8 @@ void RecentSamples::append(const float* interleaved, std::size_t frames) noexcep
   std::size_t left = std::min(frames, capacity_) * chans;
   // Only the newest frames fit when more arrive than the ring holds.
   const float* from = interleaved + (frames - std::min(frames, capacity_)) * chans;
-  if (frames > capacity_) at = static_cast<std::size_t>((written + frames - capacity_) % capacity_) * chans;
+  if (frames > capacity_)
+    at = static_cast<std::size_t>((written + frames - capacity_) % capacity_) * chans;
   while (left > 0) {
     const std::size_t run = std::min(left, total - at);
     for (std::size_t k = 0; k < run; ++k) ring_[at + k].store(from[k], std::memory_order_relaxed);

@@ -16,9 +16,6 @@ constexpr std::array<std::size_t, Reverb::kLines> kLineLengths{1433, 1601, 1867,
 // Diffuser lengths at 44.1 kHz (2.4 to 8.6 ms) and their feedback.
 constexpr std::array<std::size_t, Reverb::kDiffusers> kDiffuserLengths{142, 107, 379, 277};
 constexpr std::array<float, Reverb::kDiffusers> kDiffuserGains{0.75f, 0.75f, 0.625f, 0.625f};
-// Sign patterns of the two output taps: orthogonal rows of the Hadamard matrix.
-constexpr std::array<float, Reverb::kLines> kLeftTap{1, -1, 1, -1, 1, -1, 1, -1};
-constexpr std::array<float, Reverb::kLines> kRightTap{1, 1, -1, -1, 1, 1, -1, -1};
 constexpr float kShelfHz = 3000.0f;
 constexpr float kSilentDb = -96.0f;
 constexpr double kWetSmoothingSeconds = 0.01;
@@ -29,45 +26,33 @@ constexpr float kNorm = 0.35355339f;
 
 float dbToGain(float db) noexcept { return db <= kSilentDb ? 0.0f : std::pow(10.0f, db / 20.0f); }
 
-// Four lines in one SSE register (GCC and Clang vector extension); the eight
-// lines are two of them, lo (0-3) and hi (4-7).
-using V4 = float __attribute__((vector_size(16)));
+// The eight lines in one vector (GCC and Clang vector extension: one AVX
+// register, or two SSE registers where that is all there is).
+using V8 = float __attribute__((vector_size(32)));
+using V8i = int __attribute__((vector_size(32)));
 
-V4 load4(const float* p) noexcept {
-  V4 v;
+[[gnu::always_inline]] inline V8 load8(const float* p) noexcept {
+  V8 v;
   std::memcpy(&v, p, sizeof v);
   return v;
 }
 
-void store4(float* p, V4 v) noexcept { std::memcpy(p, &v, sizeof v); }
+[[gnu::always_inline]] inline void store8(float* p, V8 v) noexcept { std::memcpy(p, &v, sizeof v); }
 
-using V4i = int __attribute__((vector_size(16)));
-
-// (p0 + p1) + (p2 + p3) and the same of q, with two shuffles for both.
-void sum4Pair(V4 p, V4 q, float& sumP, float& sumQ) noexcept {
-  const V4 pairs =
-      __builtin_shuffle(p, q, V4i{0, 4, 2, 6}) + __builtin_shuffle(p, q, V4i{1, 5, 3, 7});
-  sumP = pairs[0] + pairs[2];
-  sumQ = pairs[1] + pairs[3];
+// Orthonormal 8-point Walsh-Hadamard transform, rows in natural order. Row 1
+// has the signs 1, -1, 1, -1, ... and row 2 the signs 1, 1, -1, -1, ...: the
+// left and right outputs are those two rows, orthogonal, so the sides are
+// decorrelated and the tail is wide. Each stage adds every line to its
+// partner at distance 4, 2, then 1, or takes it away; adding a value times -1
+// is subtracting it, exactly.
+[[gnu::always_inline]] inline V8 hadamard(V8 v) noexcept {
+  v = __builtin_shuffle(v, V8i{4, 5, 6, 7, 0, 1, 2, 3}) + v * V8{1, 1, 1, 1, -1, -1, -1, -1};
+  v = __builtin_shuffle(v, V8i{2, 3, 0, 1, 6, 7, 4, 5}) + v * V8{1, 1, -1, -1, 1, 1, -1, -1};
+  v = __builtin_shuffle(v, V8i{1, 0, 3, 2, 5, 4, 7, 6}) + v * V8{1, -1, 1, -1, 1, -1, 1, -1};
+  return v * kNorm;
 }
-
-// {v[i] + v[j], v[i] - v[j], ...}: adding a value times -1 is subtracting it,
-// exactly, so each lane sums as the plain formula does.
-V4 butterfly(V4 v, V4i first, V4i second, V4 sign) noexcept {
-  return __builtin_shuffle(v, first) + __builtin_shuffle(v, second) * sign;
-}
-
-// Orthonormal 8-point Walsh-Hadamard transform of lo and hi in place.
-void hadamard(V4& lo, V4& hi) noexcept {
-  const V4 a = lo + hi;
-  const V4 b = lo - hi;
-  const V4 outer{1, 1, -1, -1};
-  const V4 inner{1, -1, 1, -1};
-  const V4 a2 = butterfly(a, V4i{0, 1, 0, 1}, V4i{2, 3, 2, 3}, outer);
-  const V4 b2 = butterfly(b, V4i{0, 1, 0, 1}, V4i{2, 3, 2, 3}, outer);
-  lo = butterfly(a2, V4i{0, 0, 2, 2}, V4i{1, 1, 3, 3}, inner) * kNorm;
-  hi = butterfly(b2, V4i{0, 0, 2, 2}, V4i{1, 1, 3, 3}, inner) * kNorm;
-}
+constexpr std::size_t kLeftRow = 1;
+constexpr std::size_t kRightRow = 2;
 
 }  // namespace
 
@@ -195,54 +180,57 @@ void Reverb::processBlock(float* interleaved, std::size_t frames) noexcept {
   }
   diffuseBlock(frames);
 
-  // The loop keeps the eight lines' state in four registers.
-  V4 shelfLo = load4(shelfState_.data());
-  V4 shelfHi = load4(shelfState_.data() + 4);
-  const V4 highLo = load4(highGain_.data());
-  const V4 highHi = load4(highGain_.data() + 4);
-  const V4 restLo = load4(lowGain_.data()) - highLo;
-  const V4 restHi = load4(lowGain_.data() + 4) - highHi;
-  const V4 leftLo = load4(kLeftTap.data());
-  const V4 leftHi = load4(kLeftTap.data() + 4);
-  const V4 rightLo = load4(kRightTap.data());
-  const V4 rightHi = load4(kRightTap.data() + 4);
-  // The input enters every line, with the signs of a third tap pattern.
-  const V4 feedLo = V4{kLeftTap[3], kLeftTap[4], kLeftTap[5], kLeftTap[6]};
-  const V4 feedHi = V4{kLeftTap[7], kLeftTap[0], kLeftTap[1], kLeftTap[2]};
-  const V4 coef = V4{} + shelfCoef_;
-  // Where each line reads the block's first frame; a block is shorter than
-  // every line, so it reads only frames written before it.
-  std::array<std::size_t, kLines> from{};
-  for (std::size_t i = 0; i < kLines; ++i) from[i] = cursor_ - lineLengths_[i];
-
-  for (std::size_t k = 0; k < frames; ++k) {
-    const float in = block_[k] * kNorm;
-    // Built in registers: four narrow stores and a wide load would stall.
-    auto line = [&](std::size_t i) { return ring_[((from[i] + k) & ringMask_) * kLines + i]; };
-    const V4 outLo = V4{line(0), line(1), line(2), line(3)};
-    const V4 outHi = V4{line(4), line(5), line(6), line(7)};
-    // Shelf: the low part decays at lowGain, the rest at highGain.
-    shelfLo += coef * (outLo - shelfLo);
-    shelfHi += coef * (outHi - shelfHi);
-    V4 yLo = highLo * outLo + restLo * shelfLo;
-    V4 yHi = highHi * outHi + restHi * shelfHi;
-    float left = 0.0f;
-    float right = 0.0f;
-    sum4Pair(yLo * leftLo + yHi * leftHi, yLo * rightLo + yHi * rightHi, left, right);
-    wetLeft_[k] = left * kNorm + earlyLeft_[k];
-    wetRight_[k] = right * kNorm + earlyRight_[k];
-    hadamard(yLo, yHi);
-    float* write = ring_.data() + ((cursor_ + k) & ringMask_) * kLines;
-    store4(write, yLo + feedLo * in);
-    store4(write + 4, yHi + feedHi * in);
-  }
+  for (std::size_t k = 0; k < frames;) k += runLines(k, frames - k);
   cursor_ += frames;
-  store4(shelfState_.data(), shelfLo);
-  store4(shelfState_.data() + 4, shelfHi);
   if (chans == 2)
     mixStereo(interleaved, frames);
   else
     mixAny(interleaved, frames);
+}
+
+// The lines over frames [k, k + most) of the block, up to the first frame
+// at which a line's reading or the writing wraps around the ring; returns
+// how many frames ran. Within the run every line reads consecutive frames,
+// so its samples are found without masking.
+std::size_t Reverb::runLines(std::size_t k, std::size_t most) noexcept {
+  const std::size_t size = ringMask_ + 1;
+  const std::size_t to = (cursor_ + k) & ringMask_;
+  std::size_t run = std::min(most, size - to);
+  std::array<const float*, kLines> read{};
+  for (std::size_t i = 0; i < kLines; ++i) {
+    const std::size_t from = (cursor_ + k - lineLengths_[i]) & ringMask_;
+    run = std::min(run, size - from);
+    read[i] = ring_.data() + from * kLines + i;
+  }
+  float* write = ring_.data() + to * kLines;
+  // The input enters every line, with signs of its own.
+  const V8 feed = V8{-1, 1, -1, 1, -1, 1, -1, 1} * kNorm;
+  const V8 high = load8(highGain_.data());
+  const V8 rest = load8(lowGain_.data()) - high;
+  const V8 coef = V8{} + shelfCoef_;
+  const V8 keep = 1.0f - coef;
+  // What the lines return, frame by frame: a vector load each, rather than
+  // a vector built from eight loads.
+  std::array<float, kMaxBlock * kLines> returned;
+  for (std::size_t j = 0; j < run; ++j)
+    for (std::size_t i = 0; i < kLines; ++i) returned[j * kLines + i] = read[i][j * kLines];
+  std::array<float, kMaxBlock * kLines> mixed;
+  V8 shelf = load8(shelfState_.data());
+  for (std::size_t j = 0; j < run; ++j) {
+    const std::size_t at = j * kLines;
+    const V8 out = load8(returned.data() + at);
+    // Shelf: the low part decays at lowGain, the rest at highGain.
+    shelf = keep * shelf + coef * out;
+    const V8 m = hadamard(high * out + rest * shelf);
+    store8(mixed.data() + at, m);
+    store8(write + at, m + feed * block_[k + j]);
+  }
+  store8(shelfState_.data(), shelf);
+  for (std::size_t j = 0; j < run; ++j) {
+    wetLeft_[k + j] = mixed[j * kLines + kLeftRow] + earlyLeft_[k + j];
+    wetRight_[k + j] = mixed[j * kLines + kRightRow] + earlyRight_[k + j];
+  }
+  return run;
 }
 
 // The wet level lives in a register: the samples are floats too, and a store

@@ -54,6 +54,7 @@ class Reverb final : public Effect {
   // and earlyRight_.
   void diffuseBlock(std::size_t frames) noexcept;
   void allpass(Delay& d, float g, std::size_t frames, float* delayed) noexcept;
+  std::size_t runLines(std::size_t k, std::size_t most) noexcept;
   void mixStereo(float* interleaved, std::size_t frames) noexcept;
   void mixAny(float* interleaved, std::size_t frames) noexcept;
 
