@@ -162,10 +162,10 @@ void Channel::decodeLoop(std::stop_token stop) {
           atEnd = fillBlock(*block, nextFrame, generation);
         }
         queue_.commitWrite();
-        // An offline output waiting for data is woken once half the queue
-        // is there (or the end), for the same reason it wakes this thread
-        // only at half: few switches between the threads.
-        if (atEnd || queue_.size() >= queue_.capacity() / 2) {
+        // An offline output waits only on an empty queue and is woken when
+        // the queue fills to half (or the end comes), for the same reason it
+        // wakes this thread only at half: few switches between the threads.
+        if (atEnd || queue_.size() == queue_.capacity() / 2) {
           { std::lock_guard lock(mutex_); }
           dataReady_.notify_one();
         }
