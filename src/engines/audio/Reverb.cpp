@@ -26,30 +26,38 @@ constexpr float kNorm = 0.35355339f;
 
 float dbToGain(float db) noexcept { return db <= kSilentDb ? 0.0f : std::pow(10.0f, db / 20.0f); }
 
-// The eight lines in one vector (GCC and Clang vector extension: one AVX
-// register, or two SSE registers where that is all there is).
-using V8 = float __attribute__((vector_size(32)));
-using V8i = int __attribute__((vector_size(32)));
+// Four lines in one SSE register (GCC and Clang vector extension); the eight
+// lines are two of them, lo (0-3) and hi (4-7).
+using V4 = float __attribute__((vector_size(16)));
+using V4i = int __attribute__((vector_size(16)));
 
-[[gnu::always_inline]] inline V8 load8(const float* p) noexcept {
-  V8 v;
+V4 load4(const float* p) noexcept {
+  V4 v;
   std::memcpy(&v, p, sizeof v);
   return v;
 }
 
-[[gnu::always_inline]] inline void store8(float* p, V8 v) noexcept { std::memcpy(p, &v, sizeof v); }
+void store4(float* p, V4 v) noexcept { std::memcpy(p, &v, sizeof v); }
 
-// Orthonormal 8-point Walsh-Hadamard transform, rows in natural order. Row 1
-// has the signs 1, -1, 1, -1, ... and row 2 the signs 1, 1, -1, -1, ...: the
-// left and right outputs are those two rows, orthogonal, so the sides are
-// decorrelated and the tail is wide. Each stage adds every line to its
-// partner at distance 4, 2, then 1, or takes it away; adding a value times -1
-// is subtracting it, exactly.
-[[gnu::always_inline]] inline V8 hadamard(V8 v) noexcept {
-  v = __builtin_shuffle(v, V8i{4, 5, 6, 7, 0, 1, 2, 3}) + v * V8{1, 1, 1, 1, -1, -1, -1, -1};
-  v = __builtin_shuffle(v, V8i{2, 3, 0, 1, 6, 7, 4, 5}) + v * V8{1, 1, -1, -1, 1, 1, -1, -1};
-  v = __builtin_shuffle(v, V8i{1, 0, 3, 2, 5, 4, 7, 6}) + v * V8{1, -1, 1, -1, 1, -1, 1, -1};
-  return v * kNorm;
+// {v[i] + v[j], v[i] - v[j], ...}: adding a value times -1 is subtracting it,
+// exactly, so each lane sums as the plain formula does.
+V4 butterfly(V4 v, V4i first, V4i second, V4 sign) noexcept {
+  return __builtin_shuffle(v, first) + __builtin_shuffle(v, second) * sign;
+}
+
+// Orthonormal 8-point Walsh-Hadamard transform of lo and hi in place, rows in
+// natural order. Row 1 has the signs 1, -1, 1, -1, ... and row 2 the signs
+// 1, 1, -1, -1, ...: the left and right outputs are those two rows,
+// orthogonal, so the sides are decorrelated and the tail is wide.
+void hadamard(V4& lo, V4& hi) noexcept {
+  const V4 a = lo + hi;
+  const V4 b = lo - hi;
+  const V4 outer{1, 1, -1, -1};
+  const V4 inner{1, -1, 1, -1};
+  const V4 a2 = butterfly(a, V4i{0, 1, 0, 1}, V4i{2, 3, 2, 3}, outer);
+  const V4 b2 = butterfly(b, V4i{0, 1, 0, 1}, V4i{2, 3, 2, 3}, outer);
+  lo = butterfly(a2, V4i{0, 0, 2, 2}, V4i{1, 1, 3, 3}, inner) * kNorm;
+  hi = butterfly(b2, V4i{0, 0, 2, 2}, V4i{1, 1, 3, 3}, inner) * kNorm;
 }
 constexpr std::size_t kLeftRow = 1;
 constexpr std::size_t kRightRow = 2;
@@ -204,28 +212,39 @@ std::size_t Reverb::runLines(std::size_t k, std::size_t most) noexcept {
   }
   float* write = ring_.data() + to * kLines;
   // The input enters every line, with signs of its own.
-  const V8 feed = V8{-1, 1, -1, 1, -1, 1, -1, 1} * kNorm;
-  const V8 high = load8(highGain_.data());
-  const V8 rest = load8(lowGain_.data()) - high;
-  const V8 coef = V8{} + shelfCoef_;
-  const V8 keep = 1.0f - coef;
-  // What the lines return, frame by frame: a vector load each, rather than
-  // a vector built from eight loads.
+  const V4 feed = V4{-1, 1, -1, 1} * kNorm;
+  const V4 highLo = load4(highGain_.data());
+  const V4 highHi = load4(highGain_.data() + 4);
+  const V4 restLo = load4(lowGain_.data()) - highLo;
+  const V4 restHi = load4(lowGain_.data() + 4) - highHi;
+  const V4 coef = V4{} + shelfCoef_;
+  const V4 keep = 1.0f - coef;
+  // What the lines return, frame by frame: vector loads, rather than vectors
+  // built from eight loads each.
   std::array<float, kMaxBlock * kLines> returned;
   for (std::size_t j = 0; j < run; ++j)
     for (std::size_t i = 0; i < kLines; ++i) returned[j * kLines + i] = read[i][j * kLines];
   std::array<float, kMaxBlock * kLines> mixed;
-  V8 shelf = load8(shelfState_.data());
+  V4 shelfLo = load4(shelfState_.data());
+  V4 shelfHi = load4(shelfState_.data() + 4);
   for (std::size_t j = 0; j < run; ++j) {
     const std::size_t at = j * kLines;
-    const V8 out = load8(returned.data() + at);
+    const V4 outLo = load4(returned.data() + at);
+    const V4 outHi = load4(returned.data() + at + 4);
     // Shelf: the low part decays at lowGain, the rest at highGain.
-    shelf = keep * shelf + coef * out;
-    const V8 m = hadamard(high * out + rest * shelf);
-    store8(mixed.data() + at, m);
-    store8(write + at, m + feed * block_[k + j]);
+    shelfLo = keep * shelfLo + coef * outLo;
+    shelfHi = keep * shelfHi + coef * outHi;
+    V4 lo = highLo * outLo + restLo * shelfLo;
+    V4 hi = highHi * outHi + restHi * shelfHi;
+    hadamard(lo, hi);
+    store4(mixed.data() + at, lo);
+    store4(mixed.data() + at + 4, hi);
+    const float in = block_[k + j];
+    store4(write + at, lo + feed * in);
+    store4(write + at + 4, hi + feed * in);
   }
-  store8(shelfState_.data(), shelf);
+  store4(shelfState_.data(), shelfLo);
+  store4(shelfState_.data() + 4, shelfHi);
   for (std::size_t j = 0; j < run; ++j) {
     wetLeft_[k + j] = mixed[j * kLines + kLeftRow] + earlyLeft_[k + j];
     wetRight_[k + j] = mixed[j * kLines + kRightRow] + earlyRight_[k + j];
