@@ -78,6 +78,22 @@ TEST_F(TagTitles, TheTagPageShowsATagAndTheRecordIsBlankedBehindIt) {
   EXPECT_EQ(library.Combo1T.Text(), "Rock") << "but the genre of the last tag read";
 }
 
+TEST_F(TagTitles, RetitlingLeavesTheLastRowsNamesOnTheTagPage) {
+  const std::string last = Tagged("b.mp3", "Beta", "Second");
+  Playlist({Tagged("a.mp3", "Alfa", "First"), last});
+  P().Options().Option18.Value = true;
+  auto& library = P().MediaLibrary();
+  EXPECT_EQ(library.Text2T.Text.get(), "Beta" + std::string(26, ' '));
+  EXPECT_EQ(library.Text1T.Text.get(), "Second" + std::string(24, ' '));
+  EXPECT_EQ(library.ID3Path.Caption.get(), last);
+
+  P().DataForm().ListaCale.AddItem(folder / "notag.mp3");
+  P().Playlist().PicList.AddItem("notag");
+  P().Options().Option19.Value = true;
+  EXPECT_EQ(library.Text2T.Text.get(), std::string(30, ' '))
+      << "the last file has no tag: the blanked record shows";
+}
+
 TEST_F(TagTitles, TheChosenCodePageReadsTheTagsLetters) {
   // "Ţară" in Windows-1250: 0xDE 0x61 0x72 0xE3.
   Playlist({Tagged("a.mp3",
