@@ -9,6 +9,7 @@
 
 #include "engines/audio/AudioOutput.h"
 #include "engines/audio/Bass.h"
+#include "support/DrivenOutput.h"
 
 #include <spawn.h>
 #include <sys/resource.h>
@@ -27,22 +28,7 @@ namespace {
 
 using namespace yarvo;
 
-// Renders only when told to; not real-time, so the channel waits for its
-// decoder rather than skipping.
-class DrivenOutput final : public audio::AudioOutput {
- public:
-  int rate() const noexcept override { return 44100; }
-  bool realTime() const noexcept override { return false; }
-  bool start(audio::AudioSource& source) override {
-    source_ = &source;
-    return true;
-  }
-  void stop() noexcept override {}
-  void pump(float* buffer, std::size_t frames) { source_->render(buffer, frames); }
-
- private:
-  audio::AudioSource* source_ = nullptr;
-};
+using bench::DrivenOutput;
 
 double cpuSeconds(const rusage& usage) {
   return static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +

@@ -20,8 +20,8 @@
 #include "core/form/Events.h"
 #include "engines/BassApi.h"
 #include "engines/Visualisation.h"
-#include "engines/audio/AudioOutput.h"
 #include "engines/frmBass.h"
+#include "support/DrivenOutput.h"
 #include "support/ManualClock.h"
 #include "support/Recorders.h"
 #include "windows/Main.h"
@@ -31,24 +31,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace yarvo;
 
-// Renders only when told to, as fast as asked.
-class DrivenOutput final : public audio::AudioOutput {
- public:
-  int rate() const noexcept override { return 44100; }
-  bool realTime() const noexcept override { return false; }
-  bool start(audio::AudioSource& source) override {
-    source_ = &source;
-    return true;
-  }
-  void stop() noexcept override {}
-  void Pump(std::size_t frames) {
-    std::vector<float> buffer(2 * frames);
-    source_->render(buffer.data(), frames);
-  }
-
- private:
-  audio::AudioSource* source_ = nullptr;
-};
+using bench::DrivenOutput;
 
 void Put(std::ofstream& out, std::uint32_t value, int bytes) {
   for (int i = 0; i < bytes; ++i) out.put(static_cast<char>((value >> (8 * i)) & 0xFF));
@@ -102,7 +85,8 @@ struct Player {
     auto& engine = program->frmBass();
     engine.FileToPlay.Text = (folder / "tone.wav").string();
     engine.PLAYtheBass();
-    output->Pump(44100);
+    std::vector<float> second(2 * 44100);
+    output->pump(second.data(), 44100);
   }
   ~Player() {
     program->UnloadfrmBass();
