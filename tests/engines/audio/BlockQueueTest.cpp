@@ -20,6 +20,7 @@ TEST(BlockQueueTest, FillsToCapacityAndWrapsAround) {
       EXPECT_EQ(block->samples.size(), 8u);
       block->firstFrame = round * 10 + i;
       queue.commitWrite();
+      EXPECT_EQ(queue.size(), i + 1);
     }
     EXPECT_TRUE(queue.full());
     EXPECT_EQ(queue.beginWrite(), nullptr);
@@ -28,6 +29,7 @@ TEST(BlockQueueTest, FillsToCapacityAndWrapsAround) {
       ASSERT_NE(block, nullptr);
       EXPECT_EQ(block->firstFrame, round * 10 + i);
       queue.pop();
+      EXPECT_EQ(queue.size(), 2 - i);
     }
     EXPECT_EQ(queue.front(), nullptr);
   }
