@@ -17,8 +17,9 @@ constexpr double kQueueSeconds = 0.5;
 constexpr std::size_t kMinBlocks = 8;
 // Pause, stop and resume fade over this long, so they do not click.
 constexpr double kRampSeconds = 0.005;
-// The decode thread looks for room in a full queue this often; the output
-// thread never wakes it, so it does not make system calls on its behalf.
+// The shortest sleep of the decode thread. A real-time output never wakes it,
+// so that it makes no system calls on its behalf: the thread sleeps until half
+// the queue will have been played, and then fills it again.
 constexpr auto kDecoderPoll = std::chrono::milliseconds(10);
 // An offline output gives up on a decoder that produces nothing for this long.
 constexpr auto kOfflineWait = std::chrono::seconds(2);
@@ -173,11 +174,21 @@ void Channel::decodeLoop(std::stop_token stop) {
       }
     }
     std::unique_lock lock(mutex_);
-    wakeDecoder_.wait_for(lock, stop, kDecoderPoll, [&] {
+    wakeDecoder_.wait_for(lock, stop, untilHalfPlayed(), [&] {
       return seekGeneration_.load(std::memory_order_acquire) != generation ||
-             (!atEnd && !queue_.full());
+             (!atEnd && queue_.size() <= queue_.capacity() / 2);
     });
   }
+}
+
+// How long an output playing in real time takes to play the queue down to
+// half: a few wake-ups a second instead of one every few milliseconds.
+std::chrono::milliseconds Channel::untilHalfPlayed() const noexcept {
+  const std::size_t size = queue_.size();
+  const std::size_t half = queue_.capacity() / 2;
+  const std::size_t frames = size > half ? (size - half) * kBlockFrames : 0;
+  const auto ms = std::chrono::milliseconds(frames * 1000 / static_cast<std::size_t>(rate_));
+  return std::max(kDecoderPoll, ms);
 }
 
 // ---- Output thread ----

@@ -24,6 +24,7 @@
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <memory>
@@ -92,6 +93,7 @@ class Channel {
   void decodeLoop(std::stop_token stop);
   bool fillBlock(AudioBlock& block, std::uint64_t& nextFrame, std::uint32_t generation) noexcept;
   void wakeDecoder();
+  std::chrono::milliseconds untilHalfPlayed() const noexcept;
 
   std::size_t renderAtOutputRate(float* out, std::size_t frames, bool offline) noexcept;
   std::size_t pullSource(float* out, std::size_t frames, bool offline) noexcept;
