@@ -1,5 +1,10 @@
 #include "platform/qt/WindowHosts.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QAbstractEventDispatcher>
+
 #include <csignal>
 
 #include "core/Program.h"
@@ -13,9 +18,14 @@ namespace yarvo {
 
 namespace {
 
-volatile std::sig_atomic_t terminationRequested = 0;
+// A termination handler only writes a byte to this pipe, which is all a
+// signal handler may safely do; the event loop watches the other end.
+int terminationPipe[2] = {-1, -1};
 
-void OnTermination(int) { terminationRequested = 1; }
+void OnTermination(int) {
+  const char byte = 1;
+  [[maybe_unused]] const auto written = ::write(terminationPipe[1], &byte, 1);
+}
 
 // The hidden forms that are stores, not windows.
 bool IsWindow(const Form& form) {
@@ -36,11 +46,17 @@ WindowHosts::WindowHosts(Program& program) : program_(program) {
     found->second.release()->deleteLater();
     hosts_.erase(found);
   });
-  // A short period keeps the picture in step with fast timers (the
-  // visualisation draws every 25 ms) while costing nothing when idle.
-  refresh_.setInterval(15);
-  QObject::connect(&refresh_, &QTimer::timeout, this, [this] { Refresh(); });
-  refresh_.start();
+  // The windows follow the models whenever the event loop has nothing left
+  // to do: right after the events and timers that changed them, and never
+  // while the program sits idle.
+  connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+          [this] {
+            if (modelRevision() != syncedRevision_) Sync();
+          });
+  if (terminationPipe[0] >= 0) {
+    termination_ = std::make_unique<QSocketNotifier>(terminationPipe[0], QSocketNotifier::Read);
+    connect(termination_.get(), &QSocketNotifier::activated, this, [this] { Terminate(); });
+  }
 }
 
 WindowHosts::~WindowHosts() {
@@ -49,6 +65,7 @@ WindowHosts::~WindowHosts() {
 }
 
 void WindowHosts::CatchTermination() {
+  if (::pipe2(terminationPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
   std::signal(SIGTERM, OnTermination);
   std::signal(SIGINT, OnTermination);
 }
@@ -58,12 +75,12 @@ FormHost* WindowHosts::HostOf(const Form& form) const {
   return found == hosts_.end() ? nullptr : found->second.get();
 }
 
-void WindowHosts::Refresh() {
-  if (terminationRequested && !QtEvents::Ending()) {
-    terminationRequested = 0;
-    if (FormHost* main = HostOf(program_.Main())) main->close();
+void WindowHosts::Terminate() {
+  char bytes[16];
+  while (::read(terminationPipe[0], bytes, sizeof bytes) > 0) {
   }
-  if (modelRevision() != syncedRevision_) Sync();
+  if (QtEvents::Ending()) return;
+  if (FormHost* main = HostOf(program_.Main())) main->close();
 }
 
 void WindowHosts::Sync() {

@@ -5,7 +5,7 @@
 // Ctrl+C saves the program's state through its close route.
 
 #include <QObject>
-#include <QTimer>
+#include <QSocketNotifier>
 
 #include <cstdint>
 #include <memory>
@@ -29,10 +29,10 @@ class WindowHosts final : public QObject {
   FormHost* HostOf(const Form& form) const;
 
  private:
-  void Refresh();
+  void Terminate();
 
   Program& program_;
-  QTimer refresh_;
+  std::unique_ptr<QSocketNotifier> termination_;
   std::uint64_t syncedRevision_ = ~std::uint64_t{0};
   std::unordered_map<const Form*, std::unique_ptr<FormHost>> hosts_;
 };
