@@ -224,7 +224,6 @@ std::size_t Reverb::runLines(std::size_t k, std::size_t most) noexcept {
   std::array<float, kMaxBlock * kLines> returned;
   for (std::size_t j = 0; j < run; ++j)
     for (std::size_t i = 0; i < kLines; ++i) returned[j * kLines + i] = read[i][j * kLines];
-  std::array<float, kMaxBlock * kLines> mixed;
   V4 shelfLo = load4(shelfState_.data());
   V4 shelfHi = load4(shelfState_.data() + 4);
   for (std::size_t j = 0; j < run; ++j) {
@@ -237,18 +236,14 @@ std::size_t Reverb::runLines(std::size_t k, std::size_t most) noexcept {
     V4 lo = highLo * outLo + restLo * shelfLo;
     V4 hi = highHi * outHi + restHi * shelfHi;
     hadamard(lo, hi);
-    store4(mixed.data() + at, lo);
-    store4(mixed.data() + at + 4, hi);
+    wetLeft_[k + j] = lo[kLeftRow] + earlyLeft_[k + j];
+    wetRight_[k + j] = lo[kRightRow] + earlyRight_[k + j];
     const float in = block_[k + j];
     store4(write + at, lo + feed * in);
     store4(write + at + 4, hi + feed * in);
   }
   store4(shelfState_.data(), shelfLo);
   store4(shelfState_.data() + 4, shelfHi);
-  for (std::size_t j = 0; j < run; ++j) {
-    wetLeft_[k + j] = mixed[j * kLines + kLeftRow] + earlyLeft_[k + j];
-    wetRight_[k + j] = mixed[j * kLines + kRightRow] + earlyRight_[k + j];
-  }
   return run;
 }
 
