@@ -1,6 +1,7 @@
 #include "engines/audio/Limiter.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -38,18 +39,29 @@ Limiter::Limiter(int rate)
 void Limiter::process(float* stereo, std::size_t frames) noexcept {
   // Most blocks are quiet enough with the gain at rest: nothing to do.
   if (gain_ == 1.0f && peakOf(stereo, 2 * frames) <= kCeiling) return;
+  for (std::size_t f = 0; f < frames; f += kChunk)
+    limitChunk(stereo + 2 * f, std::min(kChunk, frames - f));
+}
+
+// A frame whose louder side is m may have a gain of at most kCeiling / m.
+// Those bounds and the products come a chunk at a time; what runs frame
+// after frame is only the recovery and the bound, with no division in it.
+void Limiter::limitChunk(float* stereo, std::size_t frames) noexcept {
+  std::array<float, kChunk> gains;
+  for (std::size_t f = 0; f < frames; ++f)
+    gains[f] = kCeiling / std::max(std::fabs(stereo[2 * f]), std::fabs(stereo[2 * f + 1]));
+  float gain = gain_;
   for (std::size_t f = 0; f < frames; ++f) {
-    float& left = stereo[2 * f];
-    float& right = stereo[2 * f + 1];
-    gain_ += release_ * (1.0f - gain_);
+    gain += release_ * (1.0f - gain);
     // Land on 1 so that the quiet path above is taken again.
-    if (gain_ > kRested) gain_ = 1.0f;
-    const float peak = std::max(std::fabs(left), std::fabs(right)) * gain_;
-    if (peak > kCeiling) gain_ *= kCeiling / peak;
-    if (gain_ < 1.0f) {
-      left *= gain_;
-      right *= gain_;
-    }
+    if (gain > kRested) gain = 1.0f;
+    gain = std::min(gain, gains[f]);
+    gains[f] = gain;
+  }
+  gain_ = gain;
+  for (std::size_t f = 0; f < frames; ++f) {
+    stereo[2 * f] *= gains[f];
+    stereo[2 * f + 1] *= gains[f];
   }
 }
 

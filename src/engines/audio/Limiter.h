@@ -25,6 +25,10 @@ class Limiter {
   [[nodiscard]] float gain() const noexcept { return gain_; }
 
  private:
+  static constexpr std::size_t kChunk = 64;
+
+  void limitChunk(float* stereo, std::size_t frames) noexcept;
+
   float release_;
   float gain_ = 1.0f;
 };
