@@ -19,14 +19,11 @@ TEST_F(DirectorFixture, ADoubleClickedRowPlaysToItsEndAndTheNextRowFollows) {
   EXPECT_EQ(P().frmBass().BassON.get(), "True");
   EXPECT_EQ(main.StarePlayer.Caption.get(), "Playing");
   EXPECT_EQ(SongNumber(), "0");
-  EXPECT_EQ(P().MediaLibrary().Song(0).Caption.get(), "a") << "the play was counted";
-  EXPECT_EQ(P().MediaLibrary().CountPlayed(0).Caption.get(), "1");
 
   clock.Advance(1000);
   EXPECT_EQ(main.TSec.Caption.get(), "0:01");
   EXPECT_EQ(main.TotalTime.Caption.get(), "0:10");
   EXPECT_EQ(main.PiesaCurenta.Caption.get(), "a");
-  EXPECT_EQ(P().frmBass().StreamLength.get(), std::to_string(10 * 176400));
 
   // The tick within three seconds of the end frees the channel; the next one
   // finds it inactive and moves on.
@@ -56,25 +53,18 @@ TEST_F(DirectorFixture, PreviousFromTheFirstRowGoesToTheLast) {
   EXPECT_EQ(bass.PlayingFile(), "/m/a.mp3");
 }
 
-TEST_F(DirectorFixture, TwoQueuedTitlesPlayFirstThenTheOrderGoesOnFromTheLastOfThem) {
+TEST_F(DirectorFixture, QueuedTitlesPlayFirstThenTheOrderGoesOnFromTheLastOfThem) {
   auto& queue = P().DataForm().ListaProgramate;
   queue.AddItem("c");
   queue.AddItem("a");
   DoubleClick(1);
-  EXPECT_EQ(PlayUntilNext(), "/m/c.ogg");
+  ClsMain().PlayNext();
+  EXPECT_EQ(bass.PlayingFile(), "/m/c.ogg") << "next takes the queue first";
   EXPECT_EQ(SongNumber(), "2");
   EXPECT_EQ(PlayUntilNext(), "/m/a.mp3");
   EXPECT_EQ(SongNumber(), "0");
   EXPECT_EQ(queue.ListCount(), 0);
   EXPECT_EQ(PlayUntilNext(), "/m/b.mp3") << "in list order from the last queued row";
-}
-
-TEST_F(DirectorFixture, NextWithAQueuedTitleTakesTheQueueFirst) {
-  P().DataForm().ListaProgramate.AddItem("d");
-  DoubleClick(0);
-  ClsMain().PlayNext();
-  EXPECT_EQ(bass.PlayingFile(), "/m/d.wav");
-  EXPECT_EQ(SongNumber(), "3");
 }
 
 TEST_F(DirectorFixture, InRandomOrderTheEndDrawsARowAndNextDrawsToo) {

@@ -13,11 +13,13 @@ StringList& Filled(StringList& list, std::initializer_list<const char*> rows) {
   return list;
 }
 
-TEST(StringList, ReadingARowLeavesTheCursorOnIt) {
+TEST(StringList, ReadingARowLeavesTheCursorOnItListingDoesNot) {
   StringList list;
   Filled(list, {"a", "b", "c"});
-  EXPECT_EQ(list.ListIndex(), -1);
   EXPECT_EQ(list.Text(), "");
+  EXPECT_EQ(list.List(-1), "");
+  EXPECT_EQ(list.List(3), "");
+  EXPECT_EQ(list.ListIndex(), -1) << "List() does not move the cursor";
   for (int i = 0; i < list.ListCount(); ++i) list.Selected(i);
   EXPECT_EQ(list.ListIndex(), 2);
   EXPECT_EQ(list.Text(), "c");
@@ -51,17 +53,10 @@ TEST(StringList, InsertAndRemoveKeepTheCursorOnItsRow) {
   EXPECT_EQ(list.Text(), "b");
   list.RemoveItem(list.ListIndex());
   EXPECT_EQ(list.ListIndex(), -1) << "removing the selected row leaves no selection";
+  list.Selected(0);
   list.Clear();
   EXPECT_EQ(list.ListCount(), 0);
   EXPECT_EQ(list.ListIndex(), -1);
-}
-
-TEST(StringList, ListReadsOutsideTheRowsGiveEmptyText) {
-  StringList list;
-  Filled(list, {"a"});
-  EXPECT_EQ(list.List(-1), "");
-  EXPECT_EQ(list.List(1), "");
-  EXPECT_EQ(list.ListIndex(), -1) << "List() does not move the cursor";
 }
 
 struct ListForm : Form {

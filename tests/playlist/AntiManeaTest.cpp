@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
+#include <cstdio>
 #include <optional>
 #include <span>
 #include <string>
@@ -46,11 +45,7 @@ class AnyMediaPlays {
   AnyMediaPlays() {
     setMciCommandHook([](std::string_view command, std::span<char> reply) {
       const std::string text = command == "status movie mode" ? "playing" : "0";
-      if (!reply.empty()) {
-        const std::size_t n = std::min(text.size(), reply.size() - 1);
-        std::memcpy(reply.data(), text.data(), n);
-        reply[n] = '\0';
-      }
+      if (!reply.empty()) std::snprintf(reply.data(), reply.size(), "%s", text.c_str());
       return std::optional<std::uint32_t>(0);
     });
   }
@@ -104,6 +99,7 @@ class Hit : public Filter, public ::testing::WithParamInterface<HitCase> {};
 TEST_P(Hit, ClosesTheProgramWithTheFullPathInTheMessage) {
   StartWith(kTenNames);
   const auto& c = GetParam();
+  SCOPED_TRACE(c.where);
   EXPECT_THROW(Check(c.path, c.title, c.row, c.tagTitle, c.tagArtist), ProcessEnd);
   ASSERT_FALSE(desktop.messages.empty());
   EXPECT_EQ(desktop.messages.front().prompt, kHitMessage + c.path);
@@ -121,14 +117,7 @@ INSTANTIATE_TEST_SUITE_P(
         HitCase{"tag artist", "/m/song.mp3", "", "song", "Song", "kYRRE"},
         HitCase{"across path and title", "/m/zorba", "zed", "song", "", ""},
         HitCase{"across row and tag title", "/m/song.mp3", "", "song by Tesh", "Vorn", ""},
-        HitCase{"inside a longer word", "/m/song.mp3", "", "superjindoband", "", ""}),
-    [](const ::testing::TestParamInfo<HitCase>& hit) {
-      std::string name = hit.param.where;
-      for (char& ch : name) {
-        if (ch == ' ') ch = '_';
-      }
-      return name;
-    });
+        HitCase{"inside a longer word", "/m/song.mp3", "", "superjindoband", "", ""}));
 
 TEST_F(Filter, TenNamesWithoutAMatchLetTheFilePlay) {
   StartWith(kTenNames);
@@ -137,20 +126,16 @@ TEST_F(Filter, TenNamesWithoutAMatchLetTheFilePlay) {
   EXPECT_EQ(bass.PlayingFile(), "/m/Ordinary Song.mp3");
   EXPECT_TRUE(desktop.messages.empty());
   EXPECT_EQ(P().DataForm().CuvinteCheieManele.Text.get(), "") << "empty between checks";
-  clock.Advance(3000);
-  EXPECT_EQ(bass.PlayingFile(), "/m/Ordinary Song.mp3");
 }
 
 TEST_F(Filter, AHitOnTheAudioRouteStopsThePlayAndKeepsTheRow) {
   StartWith(kTenNames);
-  AddRow("/m/ok.mp3");
   AddRow("/m/Vex Tarn - Hit.mp3");
-  EXPECT_THROW(PlayRow(1), ProcessEnd);
+  EXPECT_THROW(PlayRow(0), ProcessEnd);
   EXPECT_EQ(bass.PlayingFile(), "");
   ASSERT_EQ(desktop.messages.size(), 1u);
   EXPECT_EQ(desktop.messages[0].prompt, kHitMessage + "/m/Vex Tarn - Hit.mp3");
-  EXPECT_EQ(test::ReadBytes(folder / "Data/plst.data"),
-            LineFile({"/m/ok.mp3", "/m/Vex Tarn - Hit.mp3"}))
+  EXPECT_EQ(test::ReadBytes(folder / "Data/plst.data"), LineFile({"/m/Vex Tarn - Hit.mp3"}))
       << "the stores are saved on the way out, the row with them";
 }
 
@@ -175,15 +160,6 @@ TEST_F(Filter, NineNamesCloseTheProgramAfterTheFileHasStarted) {
   EXPECT_GE(bass.Calls("BASS_ChannelPlay"), 1) << "the file had started";
 }
 
-TEST_F(Filter, AMissingListClosesTheProgramAtTheFirstPlay) {
-  std::filesystem::remove(folder / "Data/mnin.data");
-  Start();
-  AddRow("/m/Ordinary Song.mp3");
-  EXPECT_THROW(PlayRow(0), ProcessEnd);
-  ASSERT_EQ(desktop.messages.size(), 1u);
-  EXPECT_EQ(desktop.messages[0].prompt, kShortListMessage);
-}
-
 TEST_F(Filter, AnEmptyRowInTheListMakesEveryFileAHit) {
   Strings names = kTenNames;
   names[3] = "";
@@ -193,37 +169,23 @@ TEST_F(Filter, AnEmptyRowInTheListMakesEveryFileAHit) {
   EXPECT_EQ(desktop.messages[0].prompt, kHitMessage + "/m/anything.mp3");
 }
 
-TEST(ShippedList, HasTenNonEmptyRowsEndedByCrLf) {
+TEST_F(Filter, TheShippedListHasTenCleanRowsAndLetsOrdinaryMusicPlay) {
   const std::string bytes = test::ReadBytes(YARVO_SHIPPED_DATA "/Data/mnin.data");
-  ASSERT_FALSE(bytes.empty());
-  ASSERT_EQ(bytes.substr(bytes.size() - 2), "\r\n");
-  int rows = 0;
-  std::size_t start = 0;
-  while (start < bytes.size()) {
-    const std::size_t end = bytes.find("\r\n", start);
-    ASSERT_NE(end, std::string::npos) << "every row ends in CR LF";
+  ASSERT_TRUE(bytes.ends_with("\r\n"));
+  for (std::size_t start = 0, end = 0; start < bytes.size(); start = end + 2) {
+    end = bytes.find("\r\n", start);
     const std::string row = bytes.substr(start, end - start);
-    EXPECT_FALSE(row.empty()) << "an empty row would block every file";
-    EXPECT_EQ(row.find('\n'), std::string::npos);
-    EXPECT_NE(row.back(), ' ') << "the reader would cut the blank";
-    ++rows;
-    start = end + 2;
+    EXPECT_EQ(row.find_first_of("\r\n"), std::string::npos) << "a lone CR or LF ends a row";
+    // An empty row would block every file; the reader would cut a trailing blank.
+    EXPECT_FALSE(row.empty() || row.back() == ' ') << '"' << row << '"';
   }
-  EXPECT_GE(rows, 10);
-}
-
-TEST_F(Filter, TheShippedListLetsOrdinaryMusicPlay) {
-  test::WriteBytes(folder / "Data/mnin.data",
-                   test::ReadBytes(YARVO_SHIPPED_DATA "/Data/mnin.data"));
+  test::WriteBytes(folder / "Data/mnin.data", bytes);
   Start();
   ASSERT_GE(P().DataForm().ListaManelisti.ListCount(), 10);
-  const Strings ordinary = {"/home/ana/Music/Queen - Bohemian Rhapsody.mp3",
-                            "/home/ana/Music/Eagles/Hotel California.mp3",
-                            "/home/ana/Muzica/Phoenix - Andrii Popa.mp3",
-                            "/home/ana/Muzica/Maria Tanase - Ciuleandra.wma",
-                            "/home/ana/Muzica/Holograf - Sa nu-mi spui adio.mp3",
-                            "/home/ana/Muzica/Dan Spataru - Drumurile noastre.mp3"};
-  for (const auto& path : ordinary) {
+  for (const char* path : {"/home/ana/Music/Queen - Bohemian Rhapsody.mp3",
+                           "/home/ana/Muzica/Phoenix - Andrii Popa.mp3",
+                           "/home/ana/Muzica/Maria Tanase - Ciuleandra.wma",
+                           "/home/ana/Muzica/Dan Spataru - Drumurile noastre.mp3"}) {
     SCOPED_TRACE(path);
     EXPECT_NO_THROW(Check(path, TitleOf(path), TitleOf(path), TitleOf(path), "Various Artists"));
   }

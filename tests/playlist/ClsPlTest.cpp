@@ -15,37 +15,22 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-struct TitleCase {
-  const char* path;
-  const char* afterSlash;
-  const char* title;
-  friend std::ostream& operator<<(std::ostream& out, const TitleCase& c) {
-    return out << '"' << c.path << '"';
+TEST(TitleOf, IsTheFileNameWithoutItsLastExtension) {
+  struct Case {
+    const char* path;
+    const char* afterSlash;
+    const char* title;
+  };
+  for (const Case& c : {Case{"/music/Artist - Song.mp3", "Artist - Song.mp3", "Artist - Song"},
+                        Case{"song.mp3", "song.mp3", "song"},      // no separator
+                        Case{"/music/README", "README", ""},       // no dot: empty title
+                        Case{"/music/.hidden", ".hidden", ""},     // leading dot only
+                        Case{"/music/a.b.mp3", "a.b.mp3", "a.b"},  // the first dot stays
+                        Case{"/music/dir.v2/track", "track", ""},  // dots in folders don't count
+                        Case{"/music/", "", ""}}) {                // ends in the separator
+    EXPECT_EQ(GetLastBackSlash(c.path), c.afterSlash) << c.path;
+    EXPECT_EQ(TitleOf(c.path), c.title) << c.path;
   }
-};
-
-class Titles : public ::testing::TestWithParam<TitleCase> {};
-
-TEST_P(Titles, AreTheFileNameWithoutItsLastExtension) {
-  const auto& c = GetParam();
-  EXPECT_EQ(GetLastBackSlash(c.path), c.afterSlash);
-  EXPECT_EQ(TitleOf(c.path), c.title);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Paths, Titles,
-    ::testing::Values(TitleCase{"/music/Artist - Song.mp3", "Artist - Song.mp3", "Artist - Song"},
-                      TitleCase{"song.mp3", "song.mp3", "song"},      // no separator
-                      TitleCase{"/music/README", "README", ""},       // no dot: empty title
-                      TitleCase{"/music/.hidden", ".hidden", ""},     // leading dot only
-                      TitleCase{"/music/a.b.mp3", "a.b.mp3", "a.b"},  // the first dot stays
-                      TitleCase{"/music/dir.v2/track", "track", ""},  // dots in folders don't count
-                      TitleCase{"/music/", "", ""},                   // ends in the separator
-                      TitleCase{"", "", ""}));
-
-TEST(LeftOfLast, IsEmptyWithoutTheSeparator) {
-  EXPECT_EQ(LeftOfLast("abc", "."), "");
-  EXPECT_EQ(LeftOfLast("a.b.c", "."), "a.b");
 }
 
 class PlaylistLists : public test::ProgramFixture {
@@ -66,18 +51,12 @@ TEST_F(PlaylistLists, ListNoCharAddsTitlesWithoutClearing) {
   EXPECT_EQ(Titles().size(), 6u);
 }
 
-TEST_F(PlaylistLists, DroppedTitlesGoInAtTheDropRow) {
-  auto& dropped = P().Playlist().L1;
-  dropped.AddItem("/x/first.mp3");
-  dropped.AddItem("/x/second.mp3");
-  P().DataForm().AddToIndex = "1";
-  ListNoCharDragDrop(P().Playlist().PicList, dropped);
-  EXPECT_EQ(Titles(), (Strings{"a", "second", "first", "b", "c"}));
-  P().DataForm().AddToIndex = "-5";
-  dropped.Clear();
-  dropped.AddItem("/x/top.mp3");
-  ListNoCharDragDrop(P().Playlist().PicList, dropped);
-  EXPECT_EQ(Titles().front(), "top");
+TEST_F(PlaylistLists, ATitleDroppedAtANegativeRowGoesInFirst) {
+  // A single file dropped on an empty playlist leaves the drop row at -1.
+  P().Playlist().L1.AddItem("/x/top.mp3");
+  P().DataForm().AddToIndex = "-1";
+  ListNoCharDragDrop(P().Playlist().PicList, P().Playlist().L1);
+  EXPECT_EQ(Titles(), (Strings{"top", "a", "b", "c"}));
 }
 
 TEST_F(PlaylistLists, StergeFisierRemovesTheSelectedRowFromBothLists) {

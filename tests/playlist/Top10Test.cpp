@@ -19,28 +19,29 @@ namespace yarvo {
 namespace {
 
 using Strings = std::vector<std::string>;
-using Entries = std::vector<std::pair<std::string, std::string>>;  // title, count
+using Entry = std::pair<std::string, std::string>;  // title, count
+using Entries = std::vector<Entry>;
 
 constexpr int kOnePass = 20 * 100;  // ms: twenty steps of the ranking timer
 
-Strings Places() {
-  Strings titles;
-  for (int i = 0; i < 20; ++i) titles.push_back(program().MediaLibrary().Song(i).Caption);
-  return titles;
-}
-
-Strings Counts() {
-  Strings counts;
-  for (int i = 0; i < 20; ++i) counts.push_back(program().MediaLibrary().CountPlayed(i).Caption);
-  return counts;
+// Places 1, 2 ... down to the last one that holds a title or a count.
+Entries Ranked() {
+  auto& library = program().MediaLibrary();
+  Entries entries;
+  for (int i = 0; i < 20; ++i) {
+    entries.emplace_back(library.Song(i).Caption.get(), library.CountPlayed(i).Caption.get());
+  }
+  while (!entries.empty() && entries.back() == Entry{"", "0"}) entries.pop_back();
+  return entries;
 }
 
 // Places 1, 2 ... hold `entries`; the rest stay empty with count "0".
 void SetPlaces(const Entries& entries) {
   auto& library = program().MediaLibrary();
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    library.Song(static_cast<int>(i)).Caption = entries[i].first;
-    library.CountPlayed(static_cast<int>(i)).Caption = entries[i].second;
+  for (std::size_t i = 0; i < 20; ++i) {
+    const Entry entry = i < entries.size() ? entries[i] : Entry{"", "0"};
+    library.Song(static_cast<int>(i)).Caption = entry.first;
+    library.CountPlayed(static_cast<int>(i)).Caption = entry.second;
   }
 }
 
@@ -51,9 +52,11 @@ Entries AfterRestart(int n) {
   return entries;
 }
 
-Strings Padded(Strings front, const std::string& filler) {
-  front.resize(20, filler);
-  return front;
+// `title` at place 1 with two plays, over t1 to t19.
+Entries OnTop(const std::string& title) {
+  Entries entries = AfterRestart(19);
+  entries.insert(entries.begin(), Entry{title, "2"});
+  return entries;
 }
 
 class Ranking : public test::ProgramFixture {
@@ -61,6 +64,7 @@ class Ranking : public test::ProgramFixture {
   void SetUp() override { Start(); }
 
   MediaLibrary& Library() { return P().MediaLibrary(); }
+  Strings Waiting() { return test::Rows(Library().ListaAsteptare); }
 
   std::string PositionText(const std::string& current, bool romanian) {
     P().Options().LanguageSelector.SetListIndex(romanian ? 1 : 0);
@@ -74,28 +78,23 @@ TEST_F(Ranking, APlaceTwentySongPlayedAgainClimbsToPlaceOneInOnePass) {
   SetPlaces(AfterRestart(20));
   P().Main().PiesaCurenta.Caption = "t20";
   CountPlay("t20");
-  EXPECT_EQ(Counts()[19], "2");
   clock.Advance(100);
-  EXPECT_EQ(Places()[18], "t20") << "one place per tick";
+  EXPECT_EQ(Ranked().at(18), (Entry{"t20", "2"})) << "one place per tick";
   EXPECT_EQ(P().Main().PozInTop.Caption.get(), "Position 19 in Top 20");
   clock.Advance(kOnePass - 100);
-  Strings expected{"t20"};
-  for (int i = 1; i <= 19; ++i) expected.push_back("t" + std::to_string(i));
-  EXPECT_EQ(Places(), expected);
-  EXPECT_EQ(Counts(), Padded({"2"}, "1"));
+  EXPECT_EQ(Ranked(), OnTop("t20"));
   EXPECT_EQ(P().Main().PozInTop.Caption.get(), "Position 1 in Top 20");
   EXPECT_FALSE(Library().TimerClasament.Enabled.get()) << "the pass ends at place 1";
 }
 
-struct ClimbCase {
-  const char* name;
-  Entries before;
-  const char* played;
-  Entries after;
-};
-
 TEST_F(Ranking, OnePassOrdersByCountAndKeepsEqualCountsInTheirOrder) {
-  const std::vector<ClimbCase> cases = {
+  struct Case {
+    const char* name;
+    Entries before;
+    const char* played;
+    Entries after;
+  };
+  const std::vector<Case> cases = {
       {"10 stands above 9, as numbers",
        {{"nine", "9"}, {"ten", "9"}},
        "ten",
@@ -104,23 +103,14 @@ TEST_F(Ranking, OnePassOrdersByCountAndKeepsEqualCountsInTheirOrder) {
        {{"a", "2"}, {"b", "1"}, {"c", "1"}},
        "c",
        {{"a", "2"}, {"c", "2"}, {"b", "1"}}},
-      {"a new title takes the first empty place", {{"a", "1"}}, "z", {{"a", "1"}, {"z", "1"}}},
       {"the top song only counts", {{"a", "1"}, {"b", "1"}}, "a", {{"a", "2"}, {"b", "1"}}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    SetPlaces(Entries(20, {"", "0"}));
     SetPlaces(c.before);
     CountPlay(c.played);
     clock.Advance(kOnePass);
-    Strings titles;
-    Strings counts;
-    for (const auto& [title, count] : c.after) {
-      titles.push_back(title);
-      counts.push_back(count);
-    }
-    EXPECT_EQ(Places(), Padded(titles, ""));
-    EXPECT_EQ(Counts(), Padded(counts, "0"));
+    EXPECT_EQ(Ranked(), c.after);
   }
 }
 
@@ -128,30 +118,27 @@ TEST_F(Ranking, APlayDuringAClimbStartsThePassAgainFromTheBottom) {
   SetPlaces(AfterRestart(20));
   CountPlay("t20");
   clock.Advance(kOnePass / 2);  // t20 has reached place 10; t19 is now at place 20
-  ASSERT_EQ(Places()[19], "t19");
+  ASSERT_EQ(Ranked().at(19).first, "t19");
   CountPlay("t19");
   clock.Advance(kOnePass);
-  EXPECT_EQ(Places()[0], "t20");
-  EXPECT_EQ(Places()[10], "t19") << "it climbs up to the equal count of t20's old place";
+  EXPECT_EQ(Ranked().at(0).first, "t20");
+  EXPECT_EQ(Ranked().at(10).first, "t19") << "it climbs up to the equal count of t20's old place";
   EXPECT_FALSE(Library().TimerClasament.Enabled.get());
 }
 
 TEST_F(Ranking, TheTwentyFirstSongWaitsAndThePositionTextSaysSo) {
-  for (int i = 1; i <= 21; ++i) CountPlay("s" + std::to_string(i));
+  for (int i = 1; i <= 21; ++i) CountPlay("t" + std::to_string(i));
   clock.Advance(kOnePass);
-  Strings first20;
-  for (int i = 1; i <= 20; ++i) first20.push_back("s" + std::to_string(i));
-  EXPECT_EQ(Places(), first20);
-  EXPECT_EQ(Counts(), Padded({}, "1"));
-  EXPECT_EQ(test::Rows(Library().ListaAsteptare), Strings{"s21"});
+  EXPECT_EQ(Ranked(), AfterRestart(20));
+  EXPECT_EQ(Waiting(), Strings{"t21"});
 
   struct Case {
     const char* current;
     const char* english;
     const char* romanian;
   };
-  for (const Case& c : {Case{"s3", "Position 3 in Top 20", "Locul 3 in clasament"},
-                        Case{"s21", "Not in Top 20", "Nu se afla in Top 20"},
+  for (const Case& c : {Case{"t3", "Position 3 in Top 20", "Locul 3 in clasament"},
+                        Case{"t21", "Not in Top 20", "Nu se afla in Top 20"},
                         Case{"never played", "Not in Top 20", "Nu se afla in clasament"}}) {
     SCOPED_TRACE(c.current);
     EXPECT_EQ(PositionText(c.current, false), c.english);
@@ -159,55 +146,32 @@ TEST_F(Ranking, TheTwentyFirstSongWaitsAndThePositionTextSaysSo) {
   }
 }
 
-TEST_F(Ranking, AnEmptyCurrentTitleMatchesNoEmptyPlace) {
+TEST_F(Ranking, TheTwentiethWaitingTitlePushesTheOldestOutAndASecondPlayTakesPlaceTwenty) {
+  SetPlaces(AfterRestart(20));
+  Strings waiting;
+  for (int i = 1; i <= 20; ++i) {
+    waiting.push_back("w" + std::to_string(i));
+    CountPlay(waiting.back());
+  }
+  waiting.erase(waiting.begin());
+  EXPECT_EQ(Waiting(), waiting);
+  EXPECT_EQ(Ranked(), AfterRestart(20)) << "waiting songs leave the list alone";
+
+  CountPlay("w5");  // from the middle of the list, over t20
+  clock.Advance(kOnePass);
+  EXPECT_EQ(Ranked(), OnTop("w5"));
+  waiting.erase(waiting.begin() + 3);
+  EXPECT_EQ(Waiting(), waiting) << "t20 is lost, not sent to wait";
+}
+
+TEST_F(Ranking, AnEmptyTitleIsNotCountedAndMatchesNoEmptyPlace) {
   SetPlaces(AfterRestart(3));
+  CountPlay("");
+  EXPECT_EQ(Ranked(), AfterRestart(3)) << "empty places keep count 0";
+  EXPECT_TRUE(Waiting().empty());
+  EXPECT_FALSE(Library().TimerClasament.Enabled.get());
   EXPECT_EQ(PositionText("", false), "Not in Top 20");
   EXPECT_EQ(PositionText("", true), "Nu se afla in clasament");
-}
-
-TEST_F(Ranking, TheTwentiethWaitingTitlePushesTheOldestOut) {
-  SetPlaces(AfterRestart(20));
-  const Strings places = Places();
-  Strings waiting;
-  for (int i = 1; i <= 19; ++i) {
-    CountPlay("w" + std::to_string(i));
-    waiting.push_back("w" + std::to_string(i));
-  }
-  EXPECT_EQ(test::Rows(Library().ListaAsteptare), waiting);
-  CountPlay("w20");
-  waiting.erase(waiting.begin());
-  waiting.push_back("w20");
-  EXPECT_EQ(test::Rows(Library().ListaAsteptare), waiting);
-  EXPECT_EQ(Places(), places) << "waiting songs leave the list alone";
-  EXPECT_EQ(Counts(), Padded({}, "1"));
-}
-
-TEST_F(Ranking, AWaitingSongPlayedAgainTakesPlaceTwentyAndTheOldOneIsLost) {
-  SetPlaces(AfterRestart(20));
-  CountPlay("w");
-  CountPlay("other");
-  CountPlay("w");
-  EXPECT_EQ(Places()[19], "w");
-  EXPECT_EQ(Counts()[19], "2");
-  EXPECT_EQ(test::Rows(Library().ListaAsteptare), Strings{"other"});
-  clock.Advance(kOnePass);
-  EXPECT_EQ(Places()[0], "w");
-  for (const auto& title : Places()) EXPECT_NE(title, "t20");
-  EXPECT_EQ(test::Rows(Library().ListaAsteptare), Strings{"other"}) << "t20 does not wait";
-}
-
-TEST_F(Ranking, AnEmptyTitleIsNotCounted) {
-  for (int filled : {3, 20}) {
-    SCOPED_TRACE(filled);
-    SetPlaces(AfterRestart(filled));
-    const Strings places = Places();
-    const Strings counts = Counts();
-    CountPlay("");
-    EXPECT_EQ(Places(), places);
-    EXPECT_EQ(Counts(), counts) << "empty places keep count 0";
-    EXPECT_EQ(Library().ListaAsteptare.ListCount(), 0);
-    EXPECT_FALSE(Library().TimerClasament.Enabled.get());
-  }
 }
 
 // Which place each draw r = 1..70 plays; 0 is "any row of the playlist".
@@ -240,90 +204,50 @@ class PlayTheBestDraw : public Ranking {
     P().DataForm().ListaCale.AddItem("/m/" + title + ".mp3");
   }
 
-  static int RowOfPlace(int place) { return 20 - place; }
   static constexpr int kOtherRow = 20;
   static constexpr int kEmptyTitleRow = 21;
-  static constexpr int kRows = 22;
 
-  // Draws r, then (for any random row) `row`.
-  void Draw(int r, int row) {
+  // Draws r, then (for any random row) `row`: that row is then selected in both lists, and
+  // played unless `plays` is false.
+  void DrawAndExpectRow(int r, int row, bool plays = true) {
+    P().Main().LbFileName(0).Caption = "before";
     random.values.clear();
     random.Next(r - 1, 70);
-    random.Next(row, kRows);
+    random.Next(row, 22);
     PlayTheBest();
+    EXPECT_EQ(P().Playlist().PicList.ListIndex(), row);
+    EXPECT_EQ(P().DataForm().ListaCale.ListIndex(), row);
+    EXPECT_EQ(P().Main().LbFileName(0).Caption.get(),
+              plays ? P().DataForm().ListaCale.List(row) : "before");
   }
-
-  int PicRow() { return P().Playlist().PicList.ListIndex(); }
-  int PathRow() { return P().DataForm().ListaCale.ListIndex(); }
-  std::string Played() { return P().Main().LbFileName(0).Caption; }
 };
 
 TEST_F(PlayTheBestDraw, EveryDrawPlaysItsPlaceOrARandomRow) {
   for (int r = 1; r <= 70; ++r) {
     SCOPED_TRACE("r = " + std::to_string(r));
     const int place = kPlaceOfDraw[r - 1];
-    const int row = place > 0 ? RowOfPlace(place) : kOtherRow;
-    Draw(r, kOtherRow);
-    EXPECT_EQ(PicRow(), row);
-    EXPECT_EQ(PathRow(), row);
-    EXPECT_EQ(Played(), P().DataForm().ListaCale.List(row));
+    DrawAndExpectRow(r, place > 0 ? 20 - place : kOtherRow);
   }
 }
-
-struct FailedDraw {
-  const char* name;
-  int r;
-  int place;               // the place that r draws, 0 for any row
-  const char* placeTitle;  // what that place holds now
-  int randomRow;
-  bool plays;  // false: stops instead
-};
 
 TEST_F(PlayTheBestDraw, AFailedPlaceFallsBackToARandomRow) {
-  const std::vector<FailedDraw> cases = {
-      {"empty place", 58, 20, "", 3, true},
-      {"title no longer on the playlist", 12, 1, "gone", 5, true},
-      {"fallback row without a title", 12, 1, "gone", kEmptyTitleRow, false},
-      {"any row plays even without a title", 65, 0, "", kEmptyTitleRow, true},
+  struct Case {
+    const char* name;
+    int r;
+    const char* placeTitle;  // what the place that r draws holds now
+    int randomRow;
+    bool plays;  // false: stops instead
   };
-  for (const auto& c : cases) {
+  for (const Case& c : {Case{"empty place", 58, "", 3, true},
+                        Case{"title no longer on the playlist", 12, "gone", 5, true},
+                        Case{"fallback row without a title", 12, "gone", kEmptyTitleRow, false},
+                        Case{"any row plays even without a title", 65, "", kEmptyTitleRow, true}}) {
     SCOPED_TRACE(c.name);
-    if (c.place > 0) P().MediaLibrary().Song(c.place - 1).Caption = c.placeTitle;
-    P().Main().LbFileName(0).Caption = "before";
-    Draw(c.r, c.randomRow);
-    EXPECT_EQ(PicRow(), c.randomRow);
-    EXPECT_EQ(PathRow(), c.randomRow);
-    EXPECT_EQ(Played(), c.plays ? P().DataForm().ListaCale.List(c.randomRow) : "before");
+    const int place = kPlaceOfDraw[c.r - 1];
+    if (place > 0) P().MediaLibrary().Song(place - 1).Caption = c.placeTitle;
+    DrawAndExpectRow(c.r, c.randomRow, c.plays);
   }
 }
-
-TEST_F(PlayTheBestDraw, AnEmptyPlaylistStops) {
-  P().Playlist().PicList.Clear();
-  P().DataForm().ListaCale.Clear();
-  P().Main().LbFileName(0).Caption = "before";
-  Draw(12, 0);
-  EXPECT_EQ(PicRow(), -1);
-  EXPECT_EQ(Played(), "before");
-}
-
-// One run of the program in a shared folder: a restart is a second Session.
-class Session : public test::ProgramFixture {
- public:
-  explicit Session(const std::string& programFolder) {
-    process.programFolder = programFolder;
-    Start();
-  }
-  void TestBody() override {}
-};
-
-class RankingFile : public ::testing::Test {
- protected:
-  RankingFile() { std::filesystem::create_directories(dir.Path() / "Data"); }
-  std::string TopFile() const { return dir / "Data/top.data"; }
-  std::string Folder() const { return dir.Path().string(); }
-
-  test::TempDir dir;
-};
 
 std::string Lines(const Strings& rows) {
   std::string bytes;
@@ -331,60 +255,46 @@ std::string Lines(const Strings& rows) {
   return bytes;
 }
 
-TEST_F(RankingFile, SavesFortyLinesAndComesBackWithCountsOfOne) {
-  {
-    Session first(Folder());
-    SetPlaces({{"a", "7"}, {"b", "3"}, {"c", "3"}});
-    for (const char* title : {"w1", "w2", "w3"})
-      program().MediaLibrary().ListaAsteptare.AddItem(title);
-    SalveazaClasament();
-  }
-  Strings expected = Padded({"a", "b", "c"}, "");
-  const Strings waiting = Padded({"w1", "w2", "w3"}, "w3");
-  expected.insert(expected.end(), waiting.begin(), waiting.end());
-  ASSERT_EQ(test::ReadBytes(TopFile()), Lines(expected));
-
-  Session second(Folder());  // its start-up loads the file
-  EXPECT_EQ(Places(), Padded({"a", "b", "c"}, ""));
-  EXPECT_EQ(Counts(), Padded({"1", "1", "1"}, "0")) << "only the order survives";
-  EXPECT_EQ(test::Rows(program().MediaLibrary().ListaAsteptare), waiting);
-}
-
-TEST_F(RankingFile, AnEmptyWaitingListIsSavedAsEmptyLines) {
-  Session run(Folder());
-  SetPlaces({{"a", "1"}});
+TEST_F(Ranking, SavesFortyLinesAndARestartBringsThemBackWithCountsOfOne) {
+  SetPlaces({{"a", "7"}, {"b", "3"}, {"c", "3"}});
   SalveazaClasament();
-  EXPECT_EQ(test::ReadBytes(TopFile()), Lines(Padded({"a"}, "")) + Lines(Strings(20, "")));
+  Strings lines = {"a", "b", "c"};
+  lines.resize(40);
+  EXPECT_EQ(test::ReadBytes(folder / "Data/top.data"), Lines(lines)) << "no waiting title";
+
+  for (const char* title : {"w1", "w2", "w3"}) Library().ListaAsteptare.AddItem(title);
+  SalveazaClasament();
+  // The waiting list's last row is written again where the list has no row.
+  lines.resize(20);
+  lines.insert(lines.end(), {"w1", "w2", "w3"});
+  lines.resize(40, "w3");
+  ASSERT_EQ(test::ReadBytes(folder / "Data/top.data"), Lines(lines));
+
+  Restart();
+  EXPECT_EQ(Ranked(), (Entries{{"a", "1"}, {"b", "1"}, {"c", "1"}})) << "only the order survives";
+  EXPECT_EQ(Waiting(), Strings(lines.begin() + 20, lines.end()));
 }
 
-struct LoadCase {
-  const char* name;
-  const char* bytes;  // nullptr: no file
-  Strings places;
-  Strings waiting;
-};
-
-TEST_F(RankingFile, LoadFillsWhatTheFileHas) {
-  const std::vector<LoadCase> cases = {
-      {"no file", nullptr, {}, {}},
-      {"short file", "a\r\nb\r\n", {"a", "b"}, {}},
-      {"empty place between", "a\r\n\r\nc\r\n", {"a", "", "c"}, {}},
-      {"waiting rows, empty ones skipped",
-       "a\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n"
-       "w1\r\n\r\nw2\r\n",
-       {"a"},
-       {"w1", "w2"}},
+TEST_F(Ranking, ARestartLoadsWhatTheFileHas) {
+  struct Case {
+    const char* name;
+    std::string bytes;  // empty: no file
+    Entries places;
+    Strings waiting;
   };
-  for (const auto& c : cases) {
+  for (const Case& c :
+       {Case{"no file", "", {}, {}},
+        Case{"empty place between", "a\r\n\r\nc\r\n", {{"a", "1"}, {"", "0"}, {"c", "1"}}, {}},
+        Case{"waiting rows, empty ones skipped",
+             "a\r\n" + Lines(Strings(19, "")) + "w1\r\n\r\nw2\r\n",
+             {{"a", "1"}},
+             {"w1", "w2"}}}) {
     SCOPED_TRACE(c.name);
-    std::filesystem::remove(TopFile());
-    if (c.bytes) test::WriteBytes(TopFile(), c.bytes);
-    Session run(Folder());
-    Strings counts;
-    for (const auto& title : Padded(c.places, "")) counts.push_back(title.empty() ? "0" : "1");
-    EXPECT_EQ(Places(), Padded(c.places, ""));
-    EXPECT_EQ(Counts(), counts);
-    EXPECT_EQ(test::Rows(program().MediaLibrary().ListaAsteptare), c.waiting);
+    std::filesystem::remove(folder / "Data/top.data");
+    if (!c.bytes.empty()) test::WriteBytes(folder / "Data/top.data", c.bytes);
+    Restart();
+    EXPECT_EQ(Ranked(), c.places);
+    EXPECT_EQ(Waiting(), c.waiting);
   }
 }
 

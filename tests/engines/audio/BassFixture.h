@@ -10,10 +10,24 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
+#include <thread>
 
 namespace yarvo::audio::test {
+
+// Seconds of `handle` played per second of the steady clock over `span`.
+inline double playbackSpeed(DWORD handle, std::chrono::milliseconds span) {
+  const auto seconds = [&] {
+    return BASS_ChannelBytes2Seconds(handle, BASS_ChannelGetPosition(handle, BASS_POS_BYTE));
+  };
+  const double from = seconds();
+  const auto start = std::chrono::steady_clock::now();
+  std::this_thread::sleep_for(span);
+  const double played = seconds() - from;
+  return played / std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
 
 class BassFixture : public ::testing::Test {
  protected:
@@ -37,6 +51,12 @@ class BassFixture : public ::testing::Test {
 
   HSTREAM openStream(const std::filesystem::path& path) {
     return BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX | BASS_UNICODE);
+  }
+  // Writes `signal` to a WAV file of its own and opens it.
+  HSTREAM openWav(const Signal& signal, bool asFloat = false) {
+    const auto path = dir_.file("signal" + std::to_string(++files_) + ".wav");
+    writeWav(path, signal, asFloat);
+    return openStream(path);
   }
   HMUSIC loadMusic(const std::filesystem::path& path) {
     return BASS_MusicLoad(BASS_FALSE, path.c_str(), 0, 0,
@@ -68,6 +88,9 @@ class BassFixture : public ::testing::Test {
 
   TempDir dir_;
   CaptureOutput* capture_ = nullptr;
+
+ private:
+  int files_ = 0;
 };
 
 }  // namespace yarvo::audio::test

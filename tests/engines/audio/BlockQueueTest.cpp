@@ -9,32 +9,8 @@
 namespace yarvo::audio {
 namespace {
 
-TEST(BlockQueueTest, FillsToCapacityAndWrapsAround) {
-  BlockQueue queue(3, 4, 2);
-  EXPECT_TRUE(queue.empty());
-  for (std::uint64_t round = 0; round < 5; ++round) {
-    SCOPED_TRACE(round);
-    for (std::uint64_t i = 0; i < 3; ++i) {
-      AudioBlock* block = queue.beginWrite();
-      ASSERT_NE(block, nullptr);
-      EXPECT_EQ(block->samples.size(), 8u);
-      block->firstFrame = round * 10 + i;
-      queue.commitWrite();
-      EXPECT_EQ(queue.size(), i + 1);
-    }
-    EXPECT_TRUE(queue.full());
-    EXPECT_EQ(queue.beginWrite(), nullptr);
-    for (std::uint64_t i = 0; i < 3; ++i) {
-      AudioBlock* block = queue.front();
-      ASSERT_NE(block, nullptr);
-      EXPECT_EQ(block->firstFrame, round * 10 + i);
-      queue.pop();
-      EXPECT_EQ(queue.size(), 2 - i);
-    }
-    EXPECT_EQ(queue.front(), nullptr);
-  }
-}
-
+// A queue of four, passed through 5000 times: a write into a full queue or a
+// read from an empty one shows as a block out of order.
 TEST(BlockQueueTest, DeliversEveryBlockInOrderAcrossThreads) {
   BlockQueue queue(4, 1, 1);
   constexpr std::uint64_t kBlocks = 20000;

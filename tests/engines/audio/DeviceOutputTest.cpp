@@ -1,12 +1,8 @@
 // The real device path: a private PulseAudio server with a null sink, the
-// library's default output (libcubeb), and parec recording the sink's monitor.
+// library's default output (libcubeb), and parec recording the sink's monitor;
+// and the pace kept when there is no server, or no device at all.
 
-#include "TestSignals.h"
-
-#include "engines/audio/AudioOutput.h"
-#include "engines/audio/Bass.h"
-
-#include <gtest/gtest.h>
+#include "BassFixture.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -14,11 +10,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <thread>
 
 extern char** environ;
@@ -65,31 +61,31 @@ class Child {
 
 class DeviceOutputTest : public ::testing::Test {
  protected:
-  static constexpr std::array<const char*, 6> kVariables{"HOME",
-                                                         "XDG_RUNTIME_DIR",
-                                                         "PULSE_RUNTIME_PATH",
-                                                         "PULSE_STATE_PATH",
-                                                         "PULSE_CONFIG_PATH",
-                                                         "PULSE_SERVER"};
+  static constexpr const char* kVariables[] = {"HOME",
+                                               "XDG_RUNTIME_DIR",
+                                               "PULSE_RUNTIME_PATH",
+                                               "PULSE_STATE_PATH",
+                                               "PULSE_CONFIG_PATH",
+                                               "PULSE_SERVER"};
 
   void SetUp() override {
     setOutputFactory({});
-    for (const char* name : kVariables) {
-      const char* value = std::getenv(name);
-      saved_.emplace_back(value != nullptr, value != nullptr ? value : "");
-    }
     // Everything the server and its clients keep goes to the temporary
     // folder: running as root, the server would otherwise use root's home.
-    for (const char* name : kVariables) setenv(name, dir_.path().c_str(), 1);
+    for (const char* name : kVariables) {
+      const char* value = std::getenv(name);
+      saved_.push_back(value != nullptr ? std::optional<std::string>(value) : std::nullopt);
+      setenv(name, dir_.path().c_str(), 1);
+    }
     socket_ = dir_.file("native");
     setenv("PULSE_SERVER", ("unix:" + socket_.string()).c_str(), 1);
   }
 
   void TearDown() override {
     BASS_Free();
-    for (std::size_t i = 0; i < kVariables.size(); ++i) {
-      if (saved_[i].first)
-        setenv(kVariables[i], saved_[i].second.c_str(), 1);
+    for (std::size_t i = 0; i < std::size(kVariables); ++i) {
+      if (saved_[i])
+        setenv(kVariables[i], saved_[i]->c_str(), 1);
       else
         unsetenv(kVariables[i]);
     }
@@ -111,21 +107,31 @@ class DeviceOutputTest : public ::testing::Test {
     return nullptr;
   }
 
-  void playThroughServer();
+  // Plays a 1 kHz tone of `seconds` on `device`; 0 when that fails.
+  HSTREAM playTone(double seconds, int device = -1) {
+    const auto path = dir_.file("tone.wav");
+    writeWav(path, sine(1000.0, 0.25, seconds));
+    if (!BASS_Init(device, 44100, 0, nullptr, nullptr)) return 0;
+    const HSTREAM stream = BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX);
+    return BASS_ChannelPlay(stream, BASS_FALSE) ? stream : 0;
+  }
 
-  std::string serverLog() const {
-    std::ifstream in(dir_.file("server.log"));
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  // A null sink with no client sleeps in long blocks and takes a second or
+  // more to notice a new stream; a sound card does not. Waits for the start.
+  static void waitForStart(HSTREAM stream) {
+    const QWORD fifthOfASecond = 44100 * 2 / 5;  // mono 16-bit
+    for (int i = 0; i < 50 && BASS_ChannelGetPosition(stream, BASS_POS_BYTE) < fifthOfASecond; ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(100));
   }
 
   TempDir dir_;
   std::filesystem::path socket_;
-  std::vector<std::pair<bool, std::string>> saved_;
+  std::vector<std::optional<std::string>> saved_;
 };
 
-// Plays an 8 s tone through whatever output BASS_Init picks, records the
-// sink's monitor meanwhile, and checks pace and sound.
-void DeviceOutputTest::playThroughServer() {
+// An 8 s tone through whatever output BASS_Init picks, the sink's monitor
+// recorded meanwhile: played at the server's pace, and heard at its level.
+TEST_F(DeviceOutputTest, ToneReachesTheSoundServer) {
   auto server = startServer();
   if (!server) GTEST_SKIP() << "a private PulseAudio server could not be started here";
   const auto recording = dir_.file("recorded.raw");
@@ -133,38 +139,22 @@ void DeviceOutputTest::playThroughServer() {
                   "--channels=2", "--raw", "--latency-msec=20"},
                  recording);
   ASSERT_TRUE(recorder.started());
-
-  const auto path = dir_.file("tone.wav");
-  writeWav(path, sine(1000.0, 0.25, 8.0));
-  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
-  const HSTREAM stream = BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX);
+  const HSTREAM stream = playTone(8.0);
   ASSERT_NE(stream, 0u);
-  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
-  // A null sink with no client sleeps in long blocks and takes a second or
-  // more to notice a new stream; a sound card does not. Wait for the start.
-  using Clock = std::chrono::steady_clock;
-  auto seconds = [&] {
-    return BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE));
-  };
-  for (int i = 0; i < 50 && seconds() < 0.2; ++i)
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-  const double from = seconds();
-  const auto start = Clock::now();
-  std::this_thread::sleep_for(std::chrono::milliseconds(2000));
-  const double played = seconds() - from;
-  const double wall = std::chrono::duration<double>(Clock::now() - start).count();
+  waitForStart(stream);
+  const double speed = playbackSpeed(stream, std::chrono::milliseconds(2000));
   BASS_Free();
   recorder.finish();
   server->finish();
 
-  // Played through the server at its pace, not into a null output at once.
-  EXPECT_NEAR(played / wall, 1.0, 0.1) << "played " << played << " s in " << wall << " s";
-  std::ifstream in(recording, std::ios::binary);
-  std::vector<float> samples((std::filesystem::file_size(recording)) / sizeof(float));
-  in.read(reinterpret_cast<char*>(samples.data()),
-          static_cast<std::streamsize>(samples.size() * sizeof(float)));
+  // Not into a null output at once.
+  EXPECT_NEAR(speed, 1.0, 0.1);
+  std::vector<float> samples(std::filesystem::file_size(recording) / sizeof(float));
+  std::ifstream(recording, std::ios::binary)
+      .read(reinterpret_cast<char*>(samples.data()),
+            static_cast<std::streamsize>(samples.size() * sizeof(float)));
   ASSERT_GT(samples.size(), 2u * 44100) << "parec recorded too little; server log:\n"
-                                        << serverLog();
+                                        << std::ifstream(dir_.file("server.log")).rdbuf();
   // The loudest second of the recording holds the tone at its level.
   double best = 0.0;
   std::size_t bestFrom = 0;
@@ -179,55 +169,33 @@ void DeviceOutputTest::playThroughServer() {
   EXPECT_LT(toneAmplitude(samples, 0, 1500.0, 44100, bestFrom, 44100), 0.01);
 }
 
-TEST_F(DeviceOutputTest, ToneReachesTheSoundServer) { playThroughServer(); }
-
 // The server goes away in the middle of a song: the position goes on at
 // real-time pace, so the player still finds the end.
 TEST_F(DeviceOutputTest, LosingTheServerDoesNotStopTheClock) {
   auto server = startServer();
   if (!server) GTEST_SKIP() << "a private PulseAudio server could not be started here";
-  const auto path = dir_.file("tone.wav");
-  writeWav(path, sine(1000.0, 0.25, 10.0));
-  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
-  const HSTREAM stream = BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX);
-  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
-  auto seconds = [&] {
-    return BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE));
-  };
-  for (int i = 0; i < 50 && seconds() < 0.2; ++i)
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  const HSTREAM stream = playTone(10.0);
+  ASSERT_NE(stream, 0u);
+  waitForStart(stream);
   server->finish();
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
-  const double from = seconds();
-  const auto start = std::chrono::steady_clock::now();
-  std::this_thread::sleep_for(std::chrono::milliseconds(1500));
-  const double played = seconds() - from;
-  const double wall =
-      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  EXPECT_NEAR(played / wall, 1.0, 0.05);
+  EXPECT_NEAR(playbackSpeed(stream, std::chrono::milliseconds(1500)), 1.0, 0.05);
   EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_PLAYING);
 }
 
-// No server at all: the library still plays, at the pace of a sound card,
-// through whatever cubeb finds or its own null output.
-TEST_F(DeviceOutputTest, WithoutAServerPlaysOnAtRealTimeSpeed) {
+// Device 0 is "no sound", and the default device finds no server: either way
+// the library plays on, through whatever cubeb finds or its own null output,
+// at the pace of a sound card.
+TEST_F(DeviceOutputTest, WithoutASoundServerPlaysOnAtRealTimeSpeed) {
   setenv("PULSE_SERVER", ("unix:" + dir_.file("nobody").string()).c_str(), 1);
-  const auto path = dir_.file("tone.wav");
-  writeWav(path, sine(1000.0, 0.25, 4.0));
-  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
-  const HSTREAM stream = BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX);
-  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
-  auto seconds = [&] {
-    return BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE));
-  };
-  std::this_thread::sleep_for(std::chrono::milliseconds(300));
-  const double from = seconds();
-  const auto start = std::chrono::steady_clock::now();
-  std::this_thread::sleep_for(std::chrono::milliseconds(1500));
-  const double played = seconds() - from;
-  const double wall =
-      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  EXPECT_NEAR(played / wall, 1.0, 0.05);
+  for (const auto& [device, tolerance] : {std::pair{0, 0.02}, std::pair{-1, 0.05}}) {
+    SCOPED_TRACE(device);
+    const HSTREAM stream = playTone(4.0, device);
+    ASSERT_NE(stream, 0u);
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    EXPECT_NEAR(playbackSpeed(stream, std::chrono::milliseconds(2000)), 1.0, tolerance);
+    BASS_Free();
+  }
 }
 
 }  // namespace

@@ -22,9 +22,7 @@ class EffectsTest : public BassFixture {
   // stream, and returns the output over the signal's length.
   template <typename Setup>
   std::vector<float> playThrough(const Signal& signal, Setup setup) {
-    const auto path = dir_.file("in.wav");
-    writeWav(path, signal, true);
-    const HSTREAM stream = openStream(path);
+    const HSTREAM stream = openWav(signal, true);
     EXPECT_NE(stream, 0u);
     setup(stream);
     EXPECT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
@@ -33,20 +31,23 @@ class EffectsTest : public BassFixture {
     return out;
   }
 
-  static HFX addBand(HSTREAM stream, float centre, float gain) {
-    const HFX fx = BASS_ChannelSetFX(stream, BASS_FX_DX8_PARAMEQ, 0);
+  static void addBand(HSTREAM stream, float centre, float gain) {
     const BASS_DX8_PARAMEQ p{centre, kBandwidth, gain};
-    EXPECT_TRUE(BASS_FXSetParameters(fx, &p));
-    return fx;
+    EXPECT_TRUE(BASS_FXSetParameters(BASS_ChannelSetFX(stream, BASS_FX_DX8_PARAMEQ, 0), &p));
   }
 
-  static HFX addReverb(HSTREAM stream, float mixDb) {
+  // The reverb at its defaults but for the mix.
+  static void addReverb(HSTREAM stream, float mixDb) {
     const HFX fx = BASS_ChannelSetFX(stream, BASS_FX_DX8_REVERB, 0);
     BASS_DX8_REVERB p{};
     EXPECT_TRUE(BASS_FXGetParameters(fx, &p));
     p.fReverbMix = mixDb;
     EXPECT_TRUE(BASS_FXSetParameters(fx, &p));
-    return fx;
+  }
+  // A full-mix reverb of `timeMs` with half the highs' time.
+  static void addRoom(HSTREAM stream, float timeMs) {
+    const BASS_DX8_REVERB p{0.0f, 0.0f, timeMs, 0.5f};
+    EXPECT_TRUE(BASS_FXSetParameters(BASS_ChannelSetFX(stream, BASS_FX_DX8_REVERB, 0), &p));
   }
 };
 
@@ -75,8 +76,7 @@ INSTANTIATE_TEST_SUITE_P(PeakingBands, BandTest,
                                            BandCase{1000, 10, 4000, 0, 1.0},   // two octaves above
                                            BandCase{1000, -10, 1000, -10, 0.5},
                                            BandCase{80, 10, 80, 10, 0.5},
-                                           BandCase{12000, 10, 12000, 10, 0.5},
-                                           BandCase{3000, 0, 3000, 0, 0.01}));
+                                           BandCase{12000, 10, 12000, 10, 0.5}));
 
 TEST_F(EffectsTest, AllBandsAtZeroAreTransparent) {
   constexpr std::array<double, 4> kTones{100, 1000, 5000, 14000};
@@ -90,26 +90,8 @@ TEST_F(EffectsTest, AllBandsAtZeroAreTransparent) {
   }
 }
 
-TEST_F(EffectsTest, NewParametersAreHeardWithinTheNextPeriod) {
-  const auto path = dir_.file("in.wav");
-  writeWav(path, sine(1000.0, 0.1, 3.0), true);
-  const HSTREAM stream = openStream(path);
-  ASSERT_NE(stream, 0u);
-  const HFX band = addBand(stream, 1000.0f, 0.0f);
-  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
-  render(0.5);
-  const BASS_DX8_PARAMEQ boosted{1000.0f, kBandwidth, 10.0f};
-  ASSERT_TRUE(BASS_FXSetParameters(band, &boosted));
-  // The first 10 ms after the change already carry the boost, give or take
-  // the filter's settling.
-  const auto out = render(0.1);
-  EXPECT_NEAR(toDb(toneAmplitude(out, 0, 1000.0, 44100, 441 * 2, 441 * 4) / 0.1), 10.0, 1.0);
-}
-
 TEST_F(EffectsTest, ParametersReadBackClampedToTheirRanges) {
-  const auto path = dir_.file("in.wav");
-  writeWav(path, sine(1000.0, 0.1, 1.0));
-  const HSTREAM stream = openStream(path);
+  const HSTREAM stream = openWav(sine(1000.0, 0.1, 1.0));
   const HFX band = BASS_ChannelSetFX(stream, BASS_FX_DX8_PARAMEQ, 0);
   const HFX reverb = BASS_ChannelSetFX(stream, BASS_FX_DX8_REVERB, 0);
   ASSERT_NE(band, 0u);
@@ -157,15 +139,12 @@ TEST_F(EffectsTest, ReverbMixDecidesWhetherAClickLeavesATail) {
 }
 
 // A room, not a comb: after a click the tail fills every 5 ms window from
-// 20 ms to 300 ms, with no silent gaps between separate echoes.
-TEST_F(EffectsTest, ReverbTailIsDenseNotASeriesOfEchoes) {
+// 20 ms to 300 ms, with no silent gaps between separate echoes. And a longer
+// reverb time leaves more of it a second after the click.
+TEST_F(EffectsTest, ReverbTailIsDenseAndAsLongAsItsTime) {
   constexpr std::size_t kClick = 4410;
   constexpr std::size_t kWindow = 44100 / 200;
-  const auto out = playThrough(click(0.1, 0.5, 1.0), [](HSTREAM s) {
-    const HFX fx = BASS_ChannelSetFX(s, BASS_FX_DX8_REVERB, 0);
-    const BASS_DX8_REVERB p{0.0f, 0.0f, 1500.0f, 0.5f};
-    EXPECT_TRUE(BASS_FXSetParameters(fx, &p));
-  });
+  const auto out = playThrough(click(0.1, 0.5, 2.0), [](HSTREAM s) { addRoom(s, 2500.0f); });
   double quietest = 1.0;
   double loudest = 0.0;
   for (std::size_t at = kClick + 4 * kWindow; at < kClick + 60 * kWindow; at += kWindow) {
@@ -174,23 +153,13 @@ TEST_F(EffectsTest, ReverbTailIsDenseNotASeriesOfEchoes) {
   }
   EXPECT_GT(loudest, 0.0);
   EXPECT_GT(quietest, loudest * 0.03) << "quietest window " << quietest << ", loudest " << loudest;
-}
 
-// A longer reverb time leaves more of the tail a second after the click.
-TEST_F(EffectsTest, ReverbTimeSetsTheLengthOfTheTail) {
-  auto tailAfterOneSecond = [&](float timeMs) {
-    const auto out = playThrough(click(0.1, 0.5, 2.0), [&](HSTREAM s) {
-      const HFX fx = BASS_ChannelSetFX(s, BASS_FX_DX8_REVERB, 0);
-      const BASS_DX8_REVERB p{0.0f, 0.0f, timeMs, 0.5f};
-      EXPECT_TRUE(BASS_FXSetParameters(fx, &p));
-    });
-    return rms(out, static_cast<std::size_t>(1.1 * 44100), 44100 / 5);
-  };
-  const double shortTail = tailAfterOneSecond(300.0f);
-  const double longTail = tailAfterOneSecond(2500.0f);
+  const auto shortRoom = playThrough(click(0.1, 0.5, 2.0), [](HSTREAM s) { addRoom(s, 300.0f); });
+  const auto oneSecondOn = static_cast<std::size_t>(1.1 * 44100);
+  const double longTail = rms(out, oneSecondOn, 44100 / 5);
   // 300 ms: 200 dB down by then; 2.5 s: only 24 dB further down.
   EXPECT_GT(longTail, 1e-5);
-  EXPECT_LT(shortTail, longTail * 1e-3);
+  EXPECT_LT(rms(shortRoom, oneSecondOn, 44100 / 5), longTail * 1e-3);
 }
 
 // All ten bands at +10 dB on a loud tone: the output never clips, and the

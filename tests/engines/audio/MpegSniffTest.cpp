@@ -24,17 +24,11 @@ std::vector<std::uint8_t> frames(const std::array<std::uint8_t, 4>& header, std:
   return data;
 }
 
-std::vector<std::uint8_t> withId3(std::vector<std::uint8_t> audio, std::size_t tagBytes) {
-  std::vector<std::uint8_t> data{'I',
-                                 'D',
-                                 '3',
-                                 4,
-                                 0,
-                                 0,
-                                 static_cast<std::uint8_t>((tagBytes >> 21) & 0x7F),
-                                 static_cast<std::uint8_t>((tagBytes >> 14) & 0x7F),
-                                 static_cast<std::uint8_t>((tagBytes >> 7) & 0x7F),
-                                 static_cast<std::uint8_t>(tagBytes & 0x7F)};
+// An ID3v2.4 tag of `tagBytes` (its size in four 7-bit bytes) before `audio`.
+std::vector<std::uint8_t> withId3(const std::vector<std::uint8_t>& audio, std::size_t tagBytes) {
+  std::vector<std::uint8_t> data{'I', 'D', '3', 4, 0, 0};
+  for (int shift = 21; shift >= 0; shift -= 7)
+    data.push_back(static_cast<std::uint8_t>((tagBytes >> shift) & 0x7F));
   data.resize(10 + tagBytes, 0);
   data.insert(data.end(), audio.begin(), audio.end());
   return data;

@@ -60,12 +60,11 @@ void writeWav(const std::filesystem::path& path, const Signal& signal, bool asFl
   sf_close(file);
 }
 
-bool ffmpegSine(const std::filesystem::path& path, const std::string& codec, double seconds,
-                const std::string& extra) {
+bool ffmpegSine(const std::filesystem::path& path, const std::string& codec, double seconds) {
   const std::string command =
       "ffmpeg -nostdin -hide_banner -loglevel error -y -f lavfi -i "
       "sine=frequency=1000:sample_rate=44100 -t " +
-      std::to_string(seconds) + " -c:a " + codec + " " + extra + " '" + path.string() + "'";
+      std::to_string(seconds) + " -c:a " + codec + " '" + path.string() + "'";
   return std::system(command.c_str()) == 0 && std::filesystem::exists(path);
 }
 

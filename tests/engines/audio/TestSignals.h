@@ -40,8 +40,7 @@ Signal stereo(const Signal& left, const Signal& right);
 void writeWav(const std::filesystem::path& path, const Signal& signal, bool asFloat = false);
 // A 1 kHz sine from ffmpeg's generator (amplitude 1/8), `seconds` long, mono
 // 44.1 kHz, encoded with `codec` (libmp3lame, libvorbis, pcm_s16le) into `path`.
-bool ffmpegSine(const std::filesystem::path& path, const std::string& codec, double seconds,
-                const std::string& extra = "");
+bool ffmpegSine(const std::filesystem::path& path, const std::string& codec, double seconds);
 // 500 Hz for one second, then 2 kHz for one, amplitude 1/4, mono 44.1 kHz,
 // encoded with `codec`.
 bool ffmpegTwoTones(const std::filesystem::path& path, const std::string& codec);

@@ -87,15 +87,11 @@ TEST_F(SongRoadTest, ADoubleClickedRowPlaysToItsEndAndTheNextRowFollows) {
   R().Playlist().Playlist_PicList_DblClick();
   auto& main = R().Main();
   EXPECT_EQ(R().frmBass().FileToPlay.Text.get(), media_.file("a.wav").string());
-  EXPECT_EQ(R().frmBass().BassON.get(), "True");
-  EXPECT_EQ(main.StarePlayer.Caption.get(), "Playing");
-  EXPECT_EQ(R().DataForm().SongNumber.get(), "0");
   EXPECT_EQ(R().bass().BASS_ChannelIsActive(Channel()), BASS_ACTIVE_PLAYING);
 
   Second(1.0);
   EXPECT_EQ(main.TSec.Caption.get(), "0:01");
   EXPECT_EQ(main.TotalTime.Caption.get(), "0:05");
-  EXPECT_EQ(main.LbStatus(0).Caption.get(), "Playing");
   EXPECT_EQ(main.PiesaCurenta.Caption.get(), "a");
   EXPECT_EQ(R().frmBass().StreamLength.get(), std::to_string(5 * 176400));
   const auto first = Heard({440, 880});
@@ -111,7 +107,6 @@ TEST_F(SongRoadTest, ADoubleClickedRowPlaysToItsEndAndTheNextRowFollows) {
   Second(3.0);
   EXPECT_EQ(main.LbStatus(0).Caption.get(), "stopped") << "the end was seen";
   EXPECT_EQ(R().frmBass().FileToPlay.Text.get(), media_.file("b.wav").string());
-  EXPECT_EQ(R().DataForm().SongNumber.get(), "1");
   EXPECT_EQ(R().bass().BASS_ChannelIsActive(Channel()), BASS_ACTIVE_PLAYING);
   EXPECT_EQ(main.PiesaCurenta.Caption.get(), "a")
       << "the title follows at the new song's first tick";

@@ -57,26 +57,17 @@ INSTANTIATE_TEST_SUITE_P(
     Rules, CBoyerMooreCases,
     testing::Values(
         SearchCase{"PatternTwiceOnlySecondFound", "abc", "abcabc", false, {{4, 3}}},
-        SearchCase{"PatternAbsent", "xyz", "abcabc", false, {}},
         SearchCase{"MatchAtFirstByteMissed", "abc", "abcxyz", false, {}},
         SearchCase{"MatchAtSecondByteFound", "bcx", "abcxyz", false, {{2, 3}}},
         SearchCase{"PatternLongerThanText", "abcdefg", "abc", false, {}},
-        SearchCase{"PatternEqualToText", "abc", "abc", false, {}},
         SearchCase{
             "EmptyPatternEveryPosition", "", "abcd", false, {{2, 0}, {3, 0}, {4, 0}, {5, 0}}},
         SearchCase{"EmptyPatternEmptyText", "", "", false, {}},
         SearchCase{"OverlappingMatches", "aa", "xaaaa", false, {{2, 2}, {3, 2}, {4, 2}}},
-        SearchCase{"OverlapWithoutLeadingByte", "aa", "aaaa", false, {{2, 2}, {3, 2}}},
-        SearchCase{"RepeatedLetterInPattern", "ana", "bananas", false, {{2, 3}, {4, 3}}},
-        SearchCase{"UpperPatternLowerText", "LIVE", "-live at wembley", false, {{2, 4}}},
-        SearchCase{"LowerPatternUpperText", "live", "-LIVE AT WEMBLEY", false, {{2, 4}}},
+        // Pattern and text must both be folded.
+        SearchCase{"MixedCaseOnBothSides", "LiVe", "-lIvE at wembley", false, {{2, 4}}},
         SearchCase{"CaseSensitiveKeepsCase", "live", "-LIVE live", true, {{7, 4}}},
-        SearchCase{"FoldAcrossParts", "T - S", "/music/artist - song", false, {{13, 5}}},
         SearchCase{"RomanianCedillaFold", "ŞERB", "ionuţ şerban", false, {{8, 5}}},
-        SearchCase{"RomanianCommaFold", "ȘȚ", "-șț", false, {{2, 4}}},
-        SearchCase{"RomanianBreveFold", "ăÂî", "-ĂâÎ", false, {{2, 6}}},
-        SearchCase{"CyrillicFold", "песня", "-ПЕСНЯ", false, {{2, 10}}},
-        SearchCase{"CentralEuropeanFold", "ŁÓDŹ", "-łódź", false, {{2, 7}}},
         SearchCase{"GreekIsNotFolded", "α", "-Α", false, {}},
         SearchCase{"NonAsciiCaseSensitive", "ş", "-Ş ş", true, {{5, 2}}}),
     [](const testing::TestParamInfo<SearchCase>& p) { return std::string(p.param.name); });
@@ -107,23 +98,14 @@ TEST(CBoyerMoore, TextDoesNotResetButResetDoes) {
   search.Text("xabab");  // position stays behind the first match
   ASSERT_TRUE(search.FindNext(start, length));
   EXPECT_EQ(start, 4);
+  length = 42;
   EXPECT_FALSE(search.FindNext(start, length));
+  EXPECT_EQ(start, 0);
+  EXPECT_EQ(length, 42) << "a failed search leaves the length alone";
 
   search.Reset();
   ASSERT_TRUE(search.FindNext(start, length));
   EXPECT_EQ(start, 2);
-}
-
-TEST(CBoyerMoore, FailedSearchLeavesLengthAlone) {
-  CBoyerMoore search;
-  search.FindText("zz");
-  search.Text("abc");
-  search.Reset();
-  std::int32_t start = 5;
-  std::int32_t length = 42;
-  EXPECT_FALSE(search.FindNext(start, length));
-  EXPECT_EQ(start, 0);
-  EXPECT_EQ(length, 42);
 }
 
 // The upper-casing must keep every two-byte character two bytes long and, for

@@ -8,7 +8,7 @@
 #include <sys/stat.h>
 #include <csignal>
 
-#include <numeric>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -42,37 +42,24 @@ Id3Tag sampleTag() {
   return tag;
 }
 
-TEST(Id3TagFile, FirstSaveAppends128BytesAndKeepsAudio) {
+TEST(Id3TagFile, FirstSaveAppends128BytesSecondWritesInPlace) {
   TempFolder dir;
   const std::vector<std::uint8_t> audio = audioBytes(5000);
   const auto file = dir.write("a.mp3", audio);
-  Id3Tag none;
-  ASSERT_FALSE(readId3TagFile(file, none));
+  Id3Tag back;
+  ASSERT_FALSE(readId3TagFile(file, back));
 
   ASSERT_TRUE(writeId3TagFile(file, sampleTag()));
-  const std::vector<std::uint8_t> after = readAll(file);
-  ASSERT_EQ(after.size(), audio.size() + 128);
-  EXPECT_EQ(checksum(after, audio.size()), checksum(audio, audio.size()));
-  Id3Tag back;
+  ASSERT_EQ(std::filesystem::file_size(file), audio.size() + 128);
+  EXPECT_EQ(checksum(readAll(file), audio.size()), checksum(audio, audio.size()));
   ASSERT_TRUE(readId3TagFile(file, back));
   EXPECT_EQ(back, sampleTag());
-}
-
-TEST(Id3TagFile, SecondSaveWritesInPlace) {
-  TempFolder dir;
-  const std::vector<std::uint8_t> audio = audioBytes(3000);
-  const auto file = dir.write("a.mp3", audio);
-  ASSERT_TRUE(writeId3TagFile(file, sampleTag()));
-  const auto sizeAfterFirst = std::filesystem::file_size(file);
 
   Id3Tag changed = sampleTag();
   setFieldText(changed.Title, "Another title", CodePage::Latin1);
-  changed.Genre = 147;
   ASSERT_TRUE(writeId3TagFile(file, changed));
-  EXPECT_EQ(std::filesystem::file_size(file), sizeAfterFirst);
-  const std::vector<std::uint8_t> after = readAll(file);
-  EXPECT_EQ(checksum(after, audio.size()), checksum(audio, audio.size()));
-  Id3Tag back;
+  EXPECT_EQ(std::filesystem::file_size(file), audio.size() + 128) << "the old tag is overwritten";
+  EXPECT_EQ(checksum(readAll(file), audio.size()), checksum(audio, audio.size()));
   ASSERT_TRUE(readId3TagFile(file, back));
   EXPECT_EQ(back, changed);
 }
@@ -80,7 +67,7 @@ TEST(Id3TagFile, SecondSaveWritesInPlace) {
 TEST(Id3TagFile, LongTextsAreCutAndGenresKept) {
   TempFolder dir;
   const auto file = dir.write("a.mp3", audioBytes(200));
-  for (int genre : {0, 12, 147, 148, 255}) {
+  for (int genre : {0, 147, 148, 255}) {
     SCOPED_TRACE(genre);
     Id3Tag tag;
     setFieldText(tag.Title, std::string(40, 'T') + "end", CodePage::Latin1);
@@ -126,11 +113,9 @@ TEST(Id3TagFile, FileShorterThanATagGetsOneAppended) {
   TempFolder dir;
   const std::vector<std::uint8_t> audio = audioBytes(50);
   const auto file = dir.write("short.mp3", audio);
-  Id3Tag none = sampleTag();
-  setFieldText(none.Title, "untouched", CodePage::Latin1);
-  const Id3Tag before = none;
-  EXPECT_FALSE(readId3TagFile(file, none));
-  EXPECT_EQ(none, before);
+  Id3Tag tag = sampleTag();
+  EXPECT_FALSE(readId3TagFile(file, tag));
+  EXPECT_EQ(tag, sampleTag()) << "no bytes before the file read as a tag";
 
   ASSERT_TRUE(writeId3TagFile(file, sampleTag()));
   const std::vector<std::uint8_t> after = readAll(file);
