@@ -17,8 +17,8 @@ using namespace std::chrono_literals;
 
 ProgramFolder::ProgramFolder() {
   // What ships beside the executable comes along, as an installation has it.
-  fs::copy(YARVO_SHIPPED_DATA, dir_.Path(), fs::copy_options::recursive);
-  fs::create_directories(dir_.Path() / "Data");
+  fs::copy(YARVO_SHIPPED_DATA, dir_.path(), fs::copy_options::recursive);
+  fs::create_directories(dir_.path() / "Data");
   std::error_code error;
   fs::create_hard_link(YARVO_PLAYER_EXE, Exe(), error);
   if (error) fs::copy_file(YARVO_PLAYER_EXE, Exe());
@@ -33,9 +33,9 @@ Player::Player(const ProgramFolder& folder, const TempDir& home, std::vector<std
         entry.rfind("XDG_", 0) && entry.rfind("QT_QPA_PLATFORM=", 0) && entry.rfind("PULSE_", 0))
       env.push_back(entry);
   }
-  env.push_back("XDG_RUNTIME_DIR=" + home.Path().string());
-  env.push_back("XDG_CONFIG_HOME=" + (home.Path() / "config").string());
-  env.push_back("PULSE_SERVER=unix:" + (home.Path() / "no-sound-server").string());
+  env.push_back("XDG_RUNTIME_DIR=" + home.path().string());
+  env.push_back("XDG_CONFIG_HOME=" + (home.path() / "config").string());
+  env.push_back("PULSE_SERVER=unix:" + (home.path() / "no-sound-server").string());
   env.push_back("ASAN_OPTIONS=detect_leaks=0");
   if (!display.empty()) env.push_back("DISPLAY=" + display);
   std::vector<char*> envp;

@@ -77,7 +77,7 @@ TEST(Executable, ASecondInstanceEndsAtOnceWhenOnlyOneMayRun) {
   // The first has passed its instance check once it repairs the media
   // driver table, which comes later in its start.
   const auto deadline = std::chrono::steady_clock::now() + kPatience;
-  while (!fs::exists(home.Path() / "config/yarvo-player/system.ini") &&
+  while (!fs::exists(home.path() / "config/yarvo-player/system.ini") &&
          std::chrono::steady_clock::now() < deadline)
     std::this_thread::sleep_for(10ms);
 

@@ -146,7 +146,7 @@ TEST(DoctorYarvo, TellsWhyAFileWouldNotPlay) {
                                                 12));
   for (auto [path, words] : {std::pair{std::string(), "No file"},
                              {dir / "gone.avi", "does not exist"},
-                             {dir.Path().string(), "is a folder"},
+                             {dir.path().string(), "is a folder"},
                              {dir / "text.avi", "does not look like a media file"},
                              {dir / "cut.mp4", "MP4"},
                              {std::string("http://example.org/a.avi"), "web address"}}) {

@@ -57,16 +57,16 @@ TEST(WriteFileAtomically, ReplacesTheFileWholeAndLeavesNothingElse) {
   ASSERT_TRUE(WriteFileAtomically(path, "a much longer old content\r\n"));
   ASSERT_TRUE(WriteFileAtomically(path, std::string("new\0bytes\r", 10)));
   EXPECT_EQ(ReadWholeFile(path), std::string("new\0bytes\r", 10));
-  EXPECT_EQ(Entries(dir.Path()), std::vector<std::string>{"plst.data"});
+  EXPECT_EQ(Entries(dir.path()), std::vector<std::string>{"plst.data"});
 }
 
 TEST(WriteFileAtomically, ASaveThatCannotLandLeavesWhatWasThere) {
   test::TempDir dir;
   // A folder where the file should be: the rename fails.
-  fs::create_directory(dir.Path() / "top.data");
+  fs::create_directory(dir.path() / "top.data");
   EXPECT_FALSE(WriteFileAtomically(dir / "top.data", "rows\r\n"));
-  EXPECT_TRUE(fs::is_directory(dir.Path() / "top.data"));
-  EXPECT_EQ(Entries(dir.Path()), std::vector<std::string>{"top.data"}) << "no temporary file";
+  EXPECT_TRUE(fs::is_directory(dir.path() / "top.data"));
+  EXPECT_EQ(Entries(dir.path()), std::vector<std::string>{"top.data"}) << "no temporary file";
   // A folder that does not exist: nothing to write into.
   EXPECT_FALSE(WriteFileAtomically(dir / "missing/settings.ini", "x"));
 }
@@ -77,7 +77,7 @@ TEST(ReadWholeFile, GivesEveryByteOrNothing) {
   test::WriteBytes(dir / "f.data", bytes);
   EXPECT_EQ(ReadWholeFile(dir / "f.data"), bytes);
   EXPECT_EQ(ReadWholeFile(dir / "none.data"), std::nullopt);
-  EXPECT_EQ(ReadWholeFile(dir.Path().string()), std::nullopt) << "a folder is no file";
+  EXPECT_EQ(ReadWholeFile(dir.path().string()), std::nullopt) << "a folder is no file";
 }
 
 }  // namespace

@@ -52,7 +52,7 @@ TEST(LineFile, ReadingAppendsAndAMissingFileOrEmptyNameLeavesTheListAsItWas) {
   list.AddItem("kept");
   IncarcaData(dir / "missing", list);
   IncarcaData("", list);
-  IncarcaData(dir.Path().string(), list);  // a folder is no file
+  IncarcaData(dir.path().string(), list);  // a folder is no file
   IncarcaData(dir / "f", list);
   EXPECT_EQ(Rows(list), (Strings{"kept", "a", "b"}));
 }
@@ -85,7 +85,7 @@ TEST(LineFile, AWriteThatFailsHalfWayLeavesTheOldFileWhole) {
   ::setrlimit(RLIMIT_FSIZE, &saved);
   std::signal(SIGXFSZ, previousHandler);
   EXPECT_EQ(ReadBytes(dir / "f"), "old\r\n");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 1)
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 1)
       << "no temporary file is left behind";
 }
 

@@ -13,18 +13,6 @@
 
 namespace yarvo::test {
 
-TempDir::TempDir() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "yarvo-test-XXXXXX").string();
-  path_ = ::mkdtemp(pattern.data());
-}
-
-TempDir::~TempDir() {
-  std::error_code ignored;
-  std::filesystem::permissions(path_, std::filesystem::perms::owner_all,
-                               std::filesystem::perm_options::add, ignored);
-  std::filesystem::remove_all(path_, ignored);
-}
-
 void WriteBytes(const std::string& path, const std::string& bytes) {
   std::filesystem::create_directories(std::filesystem::path(path).parent_path());
   std::ofstream(path, std::ios::binary) << bytes;
@@ -40,9 +28,9 @@ std::string ReadBytes(const std::string& path) {
 std::vector<std::string> Rows(const StringList& list) { return list.Items(); }
 
 ProgramFixture::ProgramFixture() {
-  std::filesystem::create_directories(folder.Path() / "Data");
-  std::filesystem::create_directories(folder.Path() / "Playlists");
-  process.programFolder = folder.Path().string();
+  std::filesystem::create_directories(folder.path() / "Data");
+  std::filesystem::create_directories(folder.path() / "Playlists");
+  process.programFolder = folder.path().string();
   // Every play is checked against the blocked names, and a list of fewer
   // than ten closes the program: ten that no test's file matches.
   std::string names;
@@ -50,7 +38,7 @@ ProgramFixture::ProgramFixture() {
   WriteBytes(folder / "Data/mnin.data", names);
   // The media service's driver table lives in the test's folder, and media
   // opened by a test play silently with no picture.
-  setMciDriverFile(folder.Path() / "system.ini");
+  setMciDriverFile(folder.path() / "system.ini");
   configureMciService({"null", false, std::chrono::milliseconds(10000)});
 }
 

@@ -13,26 +13,13 @@
 #include "support/FakeBass.h"
 #include "support/ManualClock.h"
 #include "support/Recorders.h"
+#include "support/TempDir.h"
 
 namespace yarvo {
 class StringList;
 }
 
 namespace yarvo::test {
-
-// A folder removed with everything in it when the object goes.
-class TempDir {
- public:
-  TempDir();
-  ~TempDir();
-  TempDir(const TempDir&) = delete;
-  TempDir& operator=(const TempDir&) = delete;
-  const std::filesystem::path& Path() const { return path_; }
-  std::string operator/(const std::string& relative) const { return (path_ / relative).string(); }
-
- private:
-  std::filesystem::path path_;
-};
 
 void WriteBytes(const std::string& path, const std::string& bytes);
 std::string ReadBytes(const std::string& path);

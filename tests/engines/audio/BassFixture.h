@@ -54,7 +54,7 @@ class BassFixture : public ::testing::Test {
   }
   // Writes `signal` to a WAV file of its own and opens it.
   HSTREAM openWav(const Signal& signal, bool asFloat = false) {
-    const auto path = dir_.file("signal" + std::to_string(++files_) + ".wav");
+    const auto path = dir_ / ("signal" + std::to_string(++files_) + ".wav");
     writeWav(path, signal, asFloat);
     return openStream(path);
   }

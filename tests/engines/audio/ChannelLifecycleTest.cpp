@@ -19,7 +19,7 @@ class ChannelLifecycleTest : public BassFixture {
 
 // Streams and music are told apart by content, not by name; names are UTF-8.
 TEST_F(ChannelLifecycleTest, TrackerModuleIsMusicNotAStream) {
-  const auto path = dir_.file("m\xC3\xBAsica.mod");
+  const auto path = dir_ / "m\xC3\xBAsica.mod";
   writeModule(path);
   EXPECT_EQ(openStream(path), 0u);
   const HMUSIC music = loadMusic(path);
@@ -32,7 +32,7 @@ TEST_F(ChannelLifecycleTest, TrackerModuleIsMusicNotAStream) {
   EXPECT_NEAR(BASS_ChannelBytes2Seconds(music, BASS_ChannelGetLength(music, BASS_POS_BYTE)), 7.68,
               0.05);
   // Named like an MP3 it is still no stream.
-  const auto renamed = dir_.file("song.mp3");
+  const auto renamed = dir_ / "song.mp3";
   std::filesystem::copy_file(path, renamed);
   EXPECT_EQ(openStream(renamed), 0u);
   EXPECT_NE(loadMusic(renamed), 0u);
@@ -46,18 +46,17 @@ TEST_F(ChannelLifecycleTest, TrackerModuleIsMusicNotAStream) {
 }
 
 TEST_F(ChannelLifecycleTest, StreamsAreNotMusic) {
-  const auto path =
-      dir_.file("\xC8\x98tefan \xE2\x80\x93 c\xC3\xA2ntec.wav");  // "Ștefan – cântec.wav"
+  const auto path = dir_ / "\xC8\x98tefan \xE2\x80\x93 c\xC3\xA2ntec.wav";  // "Ștefan – cântec.wav"
   writeWav(path, sine(1000.0, 0.25, 1.0));
   EXPECT_EQ(loadMusic(path), 0u);
   BASS_CHANNELINFO info{};
   ASSERT_TRUE(BASS_ChannelGetInfo(openStream(path), &info));
   EXPECT_EQ(std::string(info.filename), path.string());
-  const auto mp3 = dir_.file("tone.mp3");
+  const auto mp3 = dir_ / "tone.mp3";
   ASSERT_TRUE(ffmpegSine(mp3, "libmp3lame", 1.0));
   EXPECT_EQ(loadMusic(mp3), 0u);
   // A WAV by another name is still a stream.
-  const auto renamed = dir_.file("tone.mod");
+  const auto renamed = dir_ / "tone.mod";
   std::filesystem::copy_file(path, renamed);
   EXPECT_NE(openStream(renamed), 0u);
 }
@@ -86,13 +85,13 @@ TEST_F(ChannelLifecycleTest, CorruptOrEmptyFilesGiveNoHandle) {
   };
   for (const BadFile& c : cases) {
     SCOPED_TRACE(c.name);
-    const auto path = dir_.file(c.name);
+    const auto path = dir_ / c.name;
     writeBytes(path, c.bytes);
     EXPECT_EQ(openStream(path), 0u);
     EXPECT_EQ(loadMusic(path), 0u);
   }
-  EXPECT_EQ(openStream(dir_.file("missing.mp3")), 0u);
-  EXPECT_EQ(loadMusic(dir_.file("missing.mod")), 0u);
+  EXPECT_EQ(openStream(dir_ / "missing.mp3"), 0u);
+  EXPECT_EQ(loadMusic(dir_ / "missing.mod"), 0u);
 }
 
 TEST_F(ChannelLifecycleTest, PausedChannelStaysActiveAndStandsStill) {
@@ -220,7 +219,7 @@ TEST_F(ChannelLifecycleTest, StreamVolumeScalesTheOutputLinearly) {
 TEST(LibraryExitTest, EndingWhilePlayingExitsCleanly) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   TempDir dir;
-  const auto path = dir.file("tone.wav");
+  const auto path = dir / "tone.wav";
   writeWav(path, sine(1000.0, 0.25, 2.0));
   EXPECT_EXIT(
       {

@@ -77,7 +77,7 @@ class DeviceOutputTest : public ::testing::Test {
       saved_.push_back(value != nullptr ? std::optional<std::string>(value) : std::nullopt);
       setenv(name, dir_.path().c_str(), 1);
     }
-    socket_ = dir_.file("native");
+    socket_ = dir_ / "native";
     setenv("PULSE_SERVER", ("unix:" + socket_.string()).c_str(), 1);
   }
 
@@ -98,7 +98,7 @@ class DeviceOutputTest : public ::testing::Test {
             "--disallow-exit", "--use-pid-file=no", "--log-target=stderr", "--log-level=info", "-L",
             "module-null-sink sink_name=yarvo_test rate=44100", "-L",
             "module-native-protocol-unix auth-anonymous=1 socket=" + socket_.string()},
-        dir_.file("server.log"), true);
+        dir_ / "server.log", true);
     using namespace std::chrono_literals;
     for (int i = 0; i < 50 && server->running(); ++i) {
       if (std::system("pactl info >/dev/null 2>&1") == 0) return server;
@@ -109,7 +109,7 @@ class DeviceOutputTest : public ::testing::Test {
 
   // Plays a 1 kHz tone of `seconds` on `device`; 0 when that fails.
   HSTREAM playTone(double seconds, int device = -1) {
-    const auto path = dir_.file("tone.wav");
+    const auto path = dir_ / "tone.wav";
     writeWav(path, sine(1000.0, 0.25, seconds));
     if (!BASS_Init(device, 44100, 0, nullptr, nullptr)) return 0;
     const HSTREAM stream = BASS_StreamCreateFile(BASS_FALSE, path.c_str(), 0, 0, BASS_SAMPLE_FX);
@@ -134,7 +134,7 @@ class DeviceOutputTest : public ::testing::Test {
 TEST_F(DeviceOutputTest, ToneReachesTheSoundServer) {
   auto server = startServer();
   if (!server) GTEST_SKIP() << "a private PulseAudio server could not be started here";
-  const auto recording = dir_.file("recorded.raw");
+  const auto recording = dir_ / "recorded.raw";
   Child recorder({"parec", "--device=yarvo_test.monitor", "--format=float32le", "--rate=44100",
                   "--channels=2", "--raw", "--latency-msec=20"},
                  recording);
@@ -154,7 +154,7 @@ TEST_F(DeviceOutputTest, ToneReachesTheSoundServer) {
       .read(reinterpret_cast<char*>(samples.data()),
             static_cast<std::streamsize>(samples.size() * sizeof(float)));
   ASSERT_GT(samples.size(), 2u * 44100) << "parec recorded too little; server log:\n"
-                                        << std::ifstream(dir_.file("server.log")).rdbuf();
+                                        << std::ifstream(dir_ / "server.log").rdbuf();
   // The loudest second of the recording holds the tone at its level.
   double best = 0.0;
   std::size_t bestFrom = 0;
@@ -187,7 +187,7 @@ TEST_F(DeviceOutputTest, LosingTheServerDoesNotStopTheClock) {
 // the library plays on, through whatever cubeb finds or its own null output,
 // at the pace of a sound card.
 TEST_F(DeviceOutputTest, WithoutASoundServerPlaysOnAtRealTimeSpeed) {
-  setenv("PULSE_SERVER", ("unix:" + dir_.file("nobody").string()).c_str(), 1);
+  setenv("PULSE_SERVER", ("unix:" + (dir_ / "nobody").string()).c_str(), 1);
   for (const auto& [device, tolerance] : {std::pair{0, 0.02}, std::pair{-1, 0.05}}) {
     SCOPED_TRACE(device);
     const HSTREAM stream = playTone(4.0, device);

@@ -33,7 +33,7 @@ const double kFfmpegAmplitude = 1.0 / 8.0;
 class StreamFormatTest : public BassFixture, public ::testing::WithParamInterface<FormatCase> {
  protected:
   std::filesystem::path makeFile() {
-    const auto path = dir_.file(GetParam().file);
+    const auto path = dir_ / GetParam().file;
     if (!ffmpegSine(path, GetParam().codec, kSeconds))
       ADD_FAILURE() << "ffmpeg could not make " << path;
     return path;
@@ -78,7 +78,7 @@ TEST_P(StreamFormatTest, PositionAdvancesAtRealTimeSpeed) {
 // is the second tone, and the position counts on from the target. Beyond the
 // end there is nothing to land on.
 TEST_P(StreamFormatTest, SeeksToTheBytePositionGiven) {
-  const auto path = dir_.file(std::string("two_") + GetParam().file);
+  const auto path = dir_ / (std::string("two_") + GetParam().file);
   ASSERT_TRUE(ffmpegTwoTones(path, GetParam().codec));
   const HSTREAM stream = openStream(path);
   ASSERT_NE(stream, 0u);
@@ -107,7 +107,7 @@ class OtherStreamTest : public BassFixture {};
 // MPEG layer 2 has no gapless information: the length is whole frames of
 // 1152 samples, and still exactly what is decoded.
 TEST_F(OtherStreamTest, Mp2PlaysToItsWholeFrameLength) {
-  const auto path = dir_.file("sine.mp2");
+  const auto path = dir_ / "sine.mp2";
   ASSERT_TRUE(ffmpegSine(path, "mp2", 3.0));
   const HSTREAM stream = openStream(path);
   ASSERT_NE(stream, 0u);
@@ -126,7 +126,7 @@ TEST_F(OtherStreamTest, Mp2PlaysToItsWholeFrameLength) {
 
 // What libsndfile reads beyond WAV and Ogg: FLAC, exact to the sample.
 TEST_F(OtherStreamTest, FlacIsAStreamOfExactLength) {
-  const auto path = dir_.file("sine.flac");
+  const auto path = dir_ / "sine.flac";
   ASSERT_TRUE(ffmpegSine(path, "flac", 3.0));
   const HSTREAM stream = openStream(path);
   ASSERT_NE(stream, 0u);

@@ -13,17 +13,6 @@
 
 namespace yarvo::audio::test {
 
-TempDir::TempDir() {
-  std::random_device random;
-  path_ = std::filesystem::temp_directory_path() / ("yarvo_audio_" + std::to_string(random()));
-  std::filesystem::create_directories(path_);
-}
-
-TempDir::~TempDir() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
 Signal sine(double hz, double amplitude, double seconds, int rate) {
   Signal s{rate, 1, std::vector<float>(static_cast<std::size_t>(seconds * rate))};
   for (std::size_t n = 0; n < s.samples.size(); ++n)

@@ -6,22 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "support/TempDir.h"
+
 namespace yarvo::audio::test {
 
-// A folder under the system's temporary folder, removed with its contents at
-// destruction.
-class TempDir {
- public:
-  TempDir();
-  ~TempDir();
-  TempDir(const TempDir&) = delete;
-  TempDir& operator=(const TempDir&) = delete;
-  [[nodiscard]] std::filesystem::path file(const std::string& name) const { return path_ / name; }
-  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
+using yarvo::test::TempDir;
 
 // Interleaved float samples; `channels` per frame.
 struct Signal {

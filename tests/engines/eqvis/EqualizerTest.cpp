@@ -148,7 +148,7 @@ class HeardEqualizerTest : public test::RealLibraryFixture {
 TEST_F(HeardEqualizerTest, TheOneKilohertzBandAtTheTopIsHeardTenDecibelsLouderAtOnce) {
   StartReal();
   R().Main().Volum.Value = 100;
-  const auto path = media_.file("tone.wav");
+  const auto path = media_ / "tone.wav";
   audio::test::writeWav(path, audio::test::sine(1000, 0.1, 3.0), true);
   PlayFile(path);
   const double flat = Tone(0.5);

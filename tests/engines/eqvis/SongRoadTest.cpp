@@ -36,7 +36,7 @@ class SongRoadTest : public test::RealLibraryFixture {
   void SetUp() override {
     StartReal();
     for (const auto& [name, hz] : {std::pair{"a", 440.0}, std::pair{"b", 880.0}}) {
-      const auto path = media_.file(std::string(name) + ".wav");
+      const auto path = media_ / (std::string(name) + ".wav");
       writeWav(path, stereo(sine(hz, 0.5, kSongSeconds), sine(hz, 0.5, kSongSeconds)));
       R().DataForm().ListaCale.AddItem(path.string());
     }
@@ -86,7 +86,7 @@ TEST_F(SongRoadTest, ADoubleClickedRowPlaysToItsEndAndTheNextRowFollows) {
   R().Playlist().PicList.SetListIndex(0);
   R().Playlist().Playlist_PicList_DblClick();
   auto& main = R().Main();
-  EXPECT_EQ(R().frmBass().FileToPlay.Text.get(), media_.file("a.wav").string());
+  EXPECT_EQ(R().frmBass().FileToPlay.Text.get(), (media_ / "a.wav").string());
   EXPECT_EQ(R().bass().BASS_ChannelIsActive(Channel()), BASS_ACTIVE_PLAYING);
 
   Second(1.0);
@@ -106,7 +106,7 @@ TEST_F(SongRoadTest, ADoubleClickedRowPlaysToItsEndAndTheNextRowFollows) {
   EXPECT_EQ(R().bass().BASS_ChannelIsActive(Channel()), BASS_ACTIVE_STOPPED) << "silent from here";
   Second(3.0);
   EXPECT_EQ(main.LbStatus(0).Caption.get(), "stopped") << "the end was seen";
-  EXPECT_EQ(R().frmBass().FileToPlay.Text.get(), media_.file("b.wav").string());
+  EXPECT_EQ(R().frmBass().FileToPlay.Text.get(), (media_ / "b.wav").string());
   EXPECT_EQ(R().bass().BASS_ChannelIsActive(Channel()), BASS_ACTIVE_PLAYING);
   EXPECT_EQ(main.PiesaCurenta.Caption.get(), "a")
       << "the title follows at the new song's first tick";

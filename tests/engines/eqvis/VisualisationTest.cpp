@@ -59,7 +59,7 @@ class VisualisationTest : public test::RealLibraryFixture {
   // by the engine's own timer after half a second of audio.
   const SpectrumState& Draw(OptionButton& option, const Signal& signal, int frames = 1) {
     option.Value = true;
-    const auto path = media_.file("signal" + std::to_string(++files_) + ".wav");
+    const auto path = media_ / ("signal" + std::to_string(++files_) + ".wav");
     writeWav(path, signal, true);
     PlayFile(path);
     Render(0.5);
@@ -157,7 +157,7 @@ TEST_F(VisualisationTest, SpectrogramCarriesOnFromItsColumnAcrossTheEdge) {
   modSpectrum().specPos = 179;
   Opt().Option11.Value = true;  // the oscilloscope keeps the mode set by hand
   modSpectrum().specMode = 2;
-  const auto path = media_.file("tone.wav");
+  const auto path = media_ / "tone.wav";
   writeWav(path, sine(BinHz(20), 0.1, 2.0), true);
   PlayFile(path);
   EXPECT_EQ(modSpectrum().specPos, 0) << "a new stream starts at column 0";
