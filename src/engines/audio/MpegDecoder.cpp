@@ -1,6 +1,7 @@
 #include "engines/audio/MpegDecoder.h"
 
 #include "engines/audio/Bass.h"
+#include "engines/audio/BufferedFile.h"
 
 #include <mpg123.h>
 
@@ -138,6 +139,32 @@ int sniffMpegLayer(std::span<const std::uint8_t> head) noexcept {
   return 0;
 }
 
+namespace {
+
+mpg123_ssize_t readBuffered(void* file, void* to, std::size_t bytes) {
+  return static_cast<BufferedFile*>(file)->read(to, bytes);
+}
+
+off_t seekBuffered(void* file, off_t offset, int whence) {
+  return static_cast<BufferedFile*>(file)->seek(offset, whence);
+}
+
+void closeBuffered(void* file) { delete static_cast<BufferedFile*>(file); }
+
+// mpg123 reads the file through a buffer of ours: its own reader makes two
+// system calls for every frame, in the scan and again in decoding.
+bool openBuffered(mpg123_handle* handle, const std::string& path) {
+  if (mpg123_replace_reader_handle(handle, readBuffered, seekBuffered, closeBuffered) !=
+      MPG123_OK)
+    return false;
+  auto file = BufferedFile::open(path);
+  if (!file) return false;
+  // From here the handle owns the file, and closes it even when opening fails.
+  return mpg123_open_handle(handle, file.release()) == MPG123_OK;
+}
+
+}  // namespace
+
 std::unique_ptr<Decoder> openMpegDecoder(const std::string& path, int layer) {
   int err = MPG123_OK;
   mpg123_handle* handle = mpg123_new(nullptr, &err);
@@ -148,7 +175,7 @@ std::unique_ptr<Decoder> openMpegDecoder(const std::string& path, int layer) {
   long rate = 0;
   int channels = 0;
   int encoding = 0;
-  if (mpg123_open(handle, path.c_str()) != MPG123_OK ||
+  if (!openBuffered(handle, path) ||
       mpg123_getformat(handle, &rate, &channels, &encoding) != MPG123_OK ||
       encoding != MPG123_ENC_FLOAT_32 || channels < 1 || channels > kMaxChannels || rate <= 0) {
     mpg123_delete(handle);
