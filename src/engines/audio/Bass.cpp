@@ -88,10 +88,9 @@ BOOL BASS_FXSetParameters(HFX handle, const void* params) {
 
 BOOL BASS_ChannelPlay(DWORD handle, BOOL restart) {
   return guarded(BASS_FALSE, [&] {
-    Channel* channel = BassLibrary::instance().channel(handle);
-    if (channel == nullptr) return BASS_FALSE;
-    channel->play(restart != 0);
-    return BASS_TRUE;
+    BassLibrary& library = BassLibrary::instance();
+    Channel* channel = library.channel(handle);
+    return toBool(channel != nullptr && library.play(*channel, restart != 0));
   });
 }
 

@@ -30,28 +30,40 @@ bool BassLibrary::init(int device, DWORD freq) {
   if (output_) return false;
   if (device < -1 || device > 1) return false;
   const int wished = static_cast<int>(freq >= 8000 && freq <= 192000 ? freq : kDefaultRate);
-  auto output = makeOutput(device, wished);
-  auto mixer = std::make_unique<Mixer>(output->rate(), output->realTime());
-  mixer->setVolume(volume_);
-  if (!output->start(*mixer)) {
-    // A device that opened but will not run: play into nothing instead.
-    output = makeOutput(0, wished);
-    mixer = std::make_unique<Mixer>(output->rate(), output->realTime());
-    mixer->setVolume(volume_);
-    if (!output->start(*mixer)) return false;
-  }
-  mixer_ = std::move(mixer);
-  output_ = std::move(output);
+  output_ = makeOutput(device, wished);
+  mixer_ = std::make_unique<Mixer>(output_->rate(), output_->realTime());
+  mixer_->setVolume(volume_);
   return true;
 }
 
 bool BassLibrary::free() {
   if (!output_) return false;
   output_->stop();
+  running_ = false;
   effects_.clear();
   channels_.clear();
   output_.reset();
   mixer_.reset();
+  return true;
+}
+
+// The output starts with the first channel played, not at init: a player that
+// is opened and left alone keeps the sound device idle and its thread asleep.
+bool BassLibrary::play(Channel& channel, bool restart) {
+  if (!running_ && !startOutput()) return false;
+  channel.play(restart);
+  return true;
+}
+
+bool BassLibrary::startOutput() {
+  if (!output_->start(*mixer_)) {
+    // A device that opened but will not run: play into nothing instead, at
+    // the rate the channels already convert to.
+    auto fallback = makeOutput(0, mixer_->rate());
+    if (!fallback->start(*mixer_)) return false;
+    output_ = std::move(fallback);
+  }
+  running_ = true;
   return true;
 }
 

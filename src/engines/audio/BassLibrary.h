@@ -31,6 +31,8 @@ class BassLibrary {
   bool init(int device, DWORD freq);
   bool free();
   bool setConfig(DWORD option, DWORD value);
+  // False when no output can run.
+  bool play(Channel& channel, bool restart);
 
   DWORD createStream(const void* file, DWORD flags);
   DWORD loadMusic(const void* file, DWORD flags, DWORD freq);
@@ -46,6 +48,7 @@ class BassLibrary {
 
  private:
   DWORD adopt(std::unique_ptr<Channel> channel);
+  bool startOutput();
 
   // Declared so that destruction runs output, mixer, channels: nothing is
   // destroyed while something that reads it may still run.
@@ -57,6 +60,7 @@ class BassLibrary {
   std::unordered_map<DWORD, EffectEntry> effects_;
   std::unique_ptr<Mixer> mixer_;
   std::unique_ptr<AudioOutput> output_;
+  bool running_ = false;
   DWORD nextHandle_ = 1;
   float volume_ = 1.0f;
   std::unique_ptr<FftAnalyser> spectrum_;

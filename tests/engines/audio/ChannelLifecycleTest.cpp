@@ -214,6 +214,48 @@ TEST_F(ChannelLifecycleTest, StreamVolumeScalesTheOutputLinearly) {
   ASSERT_TRUE(BASS_SetConfig(BASS_CONFIG_GVOL_STREAM, 10000));
 }
 
+class IdleOutputTest : public ChannelLifecycleTest {
+ protected:
+  IdleOutputTest() { pace_ = CaptureOutput::Pace::RealTime; }
+};
+
+// Nothing is pulled from the mixer until a channel plays: a player opened and
+// left alone keeps the device idle.
+TEST_F(IdleOutputTest, TheOutputRunsOnlyOnceSomethingPlays) {
+  const HSTREAM stream = openTone();
+  std::this_thread::sleep_for(std::chrono::milliseconds(60));
+  EXPECT_TRUE(capture_->take().empty());
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+  while (capture_->take().empty() && std::chrono::steady_clock::now() < deadline)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_LT(std::chrono::steady_clock::now(), deadline);
+}
+
+// A device that opens but will not start gives way to the silent output when
+// the first channel plays, and the song goes on at real-time pace.
+TEST(RefusedOutputTest, PlaybackFallsBackToTheSilentOutput) {
+  class RefusingOutput final : public AudioOutput {
+   public:
+    int rate() const noexcept override { return 44100; }
+    bool start(AudioSource&) override { return false; }
+    void stop() noexcept override {}
+  };
+  setOutputFactory([](int device, int rate) -> std::unique_ptr<AudioOutput> {
+    if (device == 0) return std::make_unique<CaptureOutput>(rate, CaptureOutput::Pace::RealTime);
+    return std::make_unique<RefusingOutput>();
+  });
+  TempDir dir;
+  writeWav(dir / "tone.wav", sine(1000.0, 0.25, 3.0));
+  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+  const HSTREAM stream =
+      BASS_StreamCreateFile(BASS_FALSE, (dir / "tone.wav").c_str(), 0, 0, BASS_SAMPLE_FX);
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  EXPECT_NEAR(playbackSpeed(stream, std::chrono::milliseconds(300)), 1.0, 0.2);
+  BASS_Free();
+  setOutputFactory({});
+}
+
 // A program may end while a song plays, without BASS_Free: the output must
 // stop before the channels it reads from are destroyed.
 TEST(LibraryExitTest, EndingWhilePlayingExitsCleanly) {
