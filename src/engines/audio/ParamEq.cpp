@@ -2,12 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <numbers>
 #include <utility>
-
-#if defined(__SSE__)
-#include <xmmintrin.h>
-#endif
 
 namespace yarvo::audio {
 namespace {
@@ -92,73 +90,164 @@ void ParamEq::processCascade(ParamEq* const* bands, std::size_t count, float* in
 
 namespace {
 
-// Two stereo bands in one SSE register (GCC and Clang vector extension):
-// lanes 0 and 1 are left and right of the even band, 2 and 3 of the odd one.
+// Bands side by side in one register (GCC and Clang vector extension), left
+// and right of band s in lanes 2s and 2s + 1 of the whole wavefront: two bands
+// to an SSE register, four to an AVX one.
 using V4 = float __attribute__((vector_size(16)));
-constexpr std::size_t kMaxPairs = kMaxCascade / 2;
+using V8 = float __attribute__((vector_size(32)));
 
-// `in` with its lanes 0 and 1 replaced by the frame at `x`, loaded straight
-// into the register: writing the lanes one by one goes through memory, and the
-// wide load after two narrow stores stalls every frame.
-V4 takeFrame(V4 in, const float* x) noexcept {
-#if defined(__SSE__)
-  return _mm_loadl_pi(in, reinterpret_cast<const __m64*>(x));
-#else
-  in[0] = x[0];
-  in[1] = x[1];
-  return in;
-#endif
-}
+// For each register type: its lane indices for shuffles, and the same bits
+// as pairs of lanes, one stereo frame to a lane.
+template <class Vec>
+struct RegisterTypes;
+template <>
+struct RegisterTypes<V4> {
+  using Index = std::int32_t __attribute__((vector_size(16)));
+  using Frames = double __attribute__((vector_size(16)));
+};
+template <>
+struct RegisterTypes<V8> {
+  using Index = std::int32_t __attribute__((vector_size(32)));
+  using Frames = double __attribute__((vector_size(32)));
+};
+template <class Vec>
+using LaneIndex = typename RegisterTypes<Vec>::Index;
+template <class Vec>
+using FrameLanes = typename RegisterTypes<Vec>::Frames;
+template <class Vec>
+constexpr std::size_t kLanes = sizeof(Vec) / sizeof(float);
 
 struct Wavefront {
-  std::array<V4, kMaxPairs> b0{}, b1{}, b2{}, a1{}, a2{}, z1{}, z2{}, in{};
+  alignas(64) std::array<float, 2 * kMaxCascade> b0{}, b1{}, b2{}, a1{}, a2{}, z1{}, z2{}, in{};
 };
 
-// The frame loop with the number of register pairs known to the compiler,
-// so that the state stays in registers.
-template <std::size_t Pairs>
-void runWavefront(Wavefront& w, std::size_t outLane, float* interleaved,
-                  std::size_t frames) noexcept {
-  std::array<V4, Pairs> z1, z2, in, y;
-  for (std::size_t v = 0; v < Pairs; ++v) {
-    z1[v] = w.z1[v];
-    z2[v] = w.z2[v];
-    in[v] = w.in[v];
-  }
+template <class Vec>
+[[gnu::always_inline]] inline Vec loadRegister(const std::array<float, 2 * kMaxCascade>& lanes,
+                                               std::size_t r) noexcept {
+  Vec v;
+  std::memcpy(&v, lanes.data() + r * kLanes<Vec>, sizeof v);
+  return v;
+}
+
+template <class Vec>
+[[gnu::always_inline]] inline void storeRegister(std::array<float, 2 * kMaxCascade>& lanes,
+                                                 std::size_t r, Vec v) noexcept {
+  std::memcpy(lanes.data() + r * kLanes<Vec>, &v, sizeof v);
+}
+
+// `in` with lanes 0 and 1 replaced by the frame at `x`, loaded straight into
+// a register: writing the lanes one by one goes through memory, and the wide
+// load after two narrow stores stalls every frame.
+template <class Vec>
+[[gnu::always_inline]] inline Vec takeFrame(Vec in, const float* x) noexcept {
+  double bits = 0.0;
+  std::memcpy(&bits, x, sizeof bits);
+  FrameLanes<Vec> frame{};
+  frame[0] = bits;
+  LaneIndex<Vec> keep;
+  for (std::size_t i = 0; i < kLanes<Vec>; ++i)
+    keep[i] = static_cast<std::int32_t>(i < 2 ? kLanes<Vec> + i : i);
+  return __builtin_shuffle(in, reinterpret_cast<Vec>(frame), keep);
+}
+
+// Lanes 2 up from `low` and `high` taken as one: the two top lanes of `low`,
+// then all but the two top lanes of `high`.
+template <class Vec>
+[[gnu::always_inline]] inline Vec shiftUp(Vec low, Vec high) noexcept {
+  LaneIndex<Vec> from;
+  for (std::size_t i = 0; i < kLanes<Vec>; ++i)
+    from[i] = static_cast<std::int32_t>(kLanes<Vec> - 2 + i);
+  return __builtin_shuffle(low, high, from);
+}
+
+// The frame loop for `Count` bands in registers R..., every register index a
+// constant, so that the compiler keeps the state in registers rather than in
+// arrays on the stack. Each step is written so that what a frame waits for is
+// short: z1 needs y only for its last term, and y needs only z1 and in.
+template <class Vec, std::size_t Count, std::size_t... R>
+[[gnu::always_inline]] inline void runWavefront(Wavefront& w, float* interleaved,
+                                                std::size_t frames,
+                                                std::index_sequence<R...>) noexcept {
+  constexpr std::size_t kLast = sizeof...(R) - 1;
+  // The last band's lane pair within the last register, as a frame lane.
+  constexpr std::size_t kOut = (Count - 1) % (kLanes<Vec> / 2);
+  const std::array<Vec, sizeof...(R)> b0{loadRegister<Vec>(w.b0, R)...};
+  const std::array<Vec, sizeof...(R)> b1{loadRegister<Vec>(w.b1, R)...};
+  const std::array<Vec, sizeof...(R)> b2{loadRegister<Vec>(w.b2, R)...};
+  const std::array<Vec, sizeof...(R)> a1{loadRegister<Vec>(w.a1, R)...};
+  const std::array<Vec, sizeof...(R)> a2{loadRegister<Vec>(w.a2, R)...};
+  std::array<Vec, sizeof...(R)> z1{loadRegister<Vec>(w.z1, R)...};
+  std::array<Vec, sizeof...(R)> z2{loadRegister<Vec>(w.z2, R)...};
+  std::array<Vec, sizeof...(R)> in{loadRegister<Vec>(w.in, R)...};
+  std::array<Vec, sizeof...(R)> y{};
   for (std::size_t f = 0; f < frames; ++f) {
     float* x = interleaved + 2 * f;
     in[0] = takeFrame(in[0], x);
-    for (std::size_t v = 0; v < Pairs; ++v) {
-      y[v] = w.b0[v] * in[v] + z1[v];
-      z1[v] = w.b1[v] * in[v] - w.a1[v] * y[v] + z2[v];
-      z2[v] = w.b2[v] * in[v] - w.a2[v] * y[v];
-    }
-    x[0] = y[Pairs - 1][outLane];
-    x[1] = y[Pairs - 1][outLane + 1];
+    ((y[R] = b0[R] * in[R] + z1[R], z1[R] = (b1[R] * in[R] + z2[R]) - a1[R] * y[R],
+      z2[R] = b2[R] * in[R] - a2[R] * y[R]),
+     ...);
+    const double out = reinterpret_cast<FrameLanes<Vec>>(y[kLast])[kOut];
+    std::memcpy(x, &out, sizeof out);
     // Each band's output moves on to the next band: two lanes up.
-    for (std::size_t v = Pairs - 1; v > 0; --v)
-      in[v] = V4{y[v - 1][2], y[v - 1][3], y[v][0], y[v][1]};
-    in[0] = V4{0.0f, 0.0f, y[0][0], y[0][1]};
+    ((in[R] = shiftUp(R == 0 ? Vec{} : y[R == 0 ? 0 : R - 1], y[R])), ...);
   }
-  for (std::size_t v = 0; v < Pairs; ++v) {
-    w.z1[v] = z1[v];
-    w.z2[v] = z2[v];
-    w.in[v] = in[v];
-  }
+  (storeRegister(w.z1, R, z1[R]), ...);
+  (storeRegister(w.z2, R, z2[R]), ...);
+  (storeRegister(w.in, R, in[R]), ...);
 }
 
-template <std::size_t... P>
-constexpr auto makeWavefrontTable(std::index_sequence<P...>) {
-  return std::array<void (*)(Wavefront&, std::size_t, float*, std::size_t) noexcept, sizeof...(P)>{
-      &runWavefront<P + 1>...};
+template <class Vec>
+constexpr std::size_t registersFor(std::size_t bands) {
+  return (2 * bands + kLanes<Vec> - 1) / kLanes<Vec>;
 }
 
-constexpr auto kWavefronts = makeWavefrontTable(std::make_index_sequence<kMaxPairs>());
+template <std::size_t Count>
+void runWavefrontSse(Wavefront& w, float* interleaved, std::size_t frames) noexcept {
+  runWavefront<V4, Count>(w, interleaved, frames,
+                          std::make_index_sequence<registersFor<V4>(Count)>());
+}
+
+// The same code for processors with AVX2 and FMA: twice the bands to a
+// register, and each multiply-add one instruction with one rounding.
+template <std::size_t Count>
+[[gnu::target("avx2,fma")]] void runWavefrontAvx2(Wavefront& w, float* interleaved,
+                                                  std::size_t frames) noexcept {
+  runWavefront<V8, Count>(w, interleaved, frames,
+                          std::make_index_sequence<registersFor<V8>(Count)>());
+}
+
+using WavefrontRun = void (*)(Wavefront&, float*, std::size_t) noexcept;
+using WavefrontTable = std::array<WavefrontRun, kMaxCascade>;
+
+// By number of bands, less one.
+template <std::size_t... C>
+constexpr WavefrontTable sseTable(std::index_sequence<C...>) {
+  return {&runWavefrontSse<C + 1>...};
+}
+template <std::size_t... C>
+constexpr WavefrontTable avx2Table(std::index_sequence<C...>) {
+  return {&runWavefrontAvx2<C + 1>...};
+}
+constexpr WavefrontTable kSseWavefronts = sseTable(std::make_index_sequence<kMaxCascade>());
+constexpr WavefrontTable kAvx2Wavefronts = avx2Table(std::make_index_sequence<kMaxCascade>());
+
+bool hasAvx2() noexcept {
+  __builtin_cpu_init();
+  return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
+}
+
+const bool kHasAvx2 = hasAvx2();
+std::atomic<bool> useAvx2{kHasAvx2};
 
 }  // namespace
 
+bool ParamEq::useWideRegisters(bool wanted) noexcept {
+  useAvx2.store(wanted && kHasAvx2, std::memory_order_relaxed);
+  return wanted && kHasAvx2;
+}
+
 // A wavefront: band s works on frame t - s while band 0 takes frame t, so
-// every band of every side computes at once, two bands to a register, and no
+// every band of every side computes at once, several bands to a register, and no
 // band waits for the one before it within a frame. Each frame leaves the last
 // band count - 1 frames after it entered the first. Bypassed bands run as the
 // identity, so that this delay does not change with the sliders.
@@ -172,31 +261,28 @@ void ParamEq::cascadeStereo(ParamEq* const* bands, std::size_t count, float* int
   for (std::size_t s = 0; s < count; ++s) {
     ParamEq& band = *bands[s];
     band.refresh();
-    const std::size_t v = s / 2;
-    const std::size_t lane = (s % 2) * 2;
     for (std::size_t c = 0; c < 2; ++c) {
-      w.b0[v][lane + c] = band.k_.b0;
-      w.b1[v][lane + c] = band.k_.b1;
-      w.b2[v][lane + c] = band.k_.b2;
-      w.a1[v][lane + c] = band.k_.a1;
-      w.a2[v][lane + c] = band.k_.a2;
-      w.z1[v][lane + c] = band.z1_[c];
-      w.z2[v][lane + c] = band.z2_[c];
-      w.in[v][lane + c] = band.pipe_[c];
+      const std::size_t lane = 2 * s + c;
+      w.b0[lane] = band.k_.b0;
+      w.b1[lane] = band.k_.b1;
+      w.b2[lane] = band.k_.b2;
+      w.a1[lane] = band.k_.a1;
+      w.a2[lane] = band.k_.a2;
+      w.z1[lane] = band.z1_[c];
+      w.z2[lane] = band.z2_[c];
+      w.in[lane] = band.pipe_[c];
     }
   }
-  // With an odd count the last register's upper half has all-zero
-  // coefficients and stays zero; the output is in its lower half.
-  const std::size_t outLane = count % 2 == 0 ? 2 : 0;
-  kWavefronts[(count + 1) / 2 - 1](w, outLane, interleaved, frames);
+  // Lanes past the last band have all-zero coefficients and stay zero.
+  const WavefrontTable& run =
+      useAvx2.load(std::memory_order_relaxed) ? kAvx2Wavefronts : kSseWavefronts;
+  run[count - 1](w, interleaved, frames);
   for (std::size_t s = 0; s < count; ++s) {
     ParamEq& band = *bands[s];
-    const std::size_t v = s / 2;
-    const std::size_t lane = (s % 2) * 2;
     for (std::size_t c = 0; c < 2; ++c) {
-      band.z1_[c] = w.z1[v][lane + c];
-      band.z2_[c] = w.z2[v][lane + c];
-      band.pipe_[c] = w.in[v][lane + c];
+      band.z1_[c] = w.z1[2 * s + c];
+      band.z2_[c] = w.z2[2 * s + c];
+      band.pipe_[c] = w.in[2 * s + c];
     }
   }
 }
