@@ -1,5 +1,7 @@
 #include "engines/audio/ParamEq.h"
 
+#include "engines/audio/WideRegisters.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -231,20 +233,7 @@ constexpr WavefrontTable avx2Table(std::index_sequence<C...>) {
 constexpr WavefrontTable kSseWavefronts = sseTable(std::make_index_sequence<kMaxCascade>());
 constexpr WavefrontTable kAvx2Wavefronts = avx2Table(std::make_index_sequence<kMaxCascade>());
 
-bool hasAvx2() noexcept {
-  __builtin_cpu_init();
-  return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
-}
-
-const bool kHasAvx2 = hasAvx2();
-std::atomic<bool> useAvx2{kHasAvx2};
-
 }  // namespace
-
-bool ParamEq::useWideRegisters(bool wanted) noexcept {
-  useAvx2.store(wanted && kHasAvx2, std::memory_order_relaxed);
-  return wanted && kHasAvx2;
-}
 
 // A wavefront: band s works on frame t - s while band 0 takes frame t, so
 // every band of every side computes at once, several bands to a register, and no
@@ -274,8 +263,7 @@ void ParamEq::cascadeStereo(ParamEq* const* bands, std::size_t count, float* int
     }
   }
   // Lanes past the last band have all-zero coefficients and stay zero.
-  const WavefrontTable& run =
-      useAvx2.load(std::memory_order_relaxed) ? kAvx2Wavefronts : kSseWavefronts;
+  const WavefrontTable& run = wideRegisters() ? kAvx2Wavefronts : kSseWavefronts;
   run[count - 1](w, interleaved, frames);
   for (std::size_t s = 0; s < count; ++s) {
     ParamEq& band = *bands[s];

@@ -28,12 +28,6 @@ class ParamEq final : public Effect {
   static void processCascade(ParamEq* const* bands, std::size_t count, float* interleaved,
                              std::size_t frames) noexcept;
 
-  // Stereo cascades run a frame loop for AVX2 and FMA where the processor has
-  // them, and one for SSE elsewhere. Tests turn the wide one off to check the
-  // other as well; asking for it without the processor's support does
-  // nothing. Returns whether the wide loop is in use.
-  static bool useWideRegisters(bool wanted) noexcept;
-
  private:
   // Normalised by a0; transposed direct form II.
   struct Coefficients {

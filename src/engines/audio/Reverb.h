@@ -55,6 +55,10 @@ class Reverb final : public Effect {
   void diffuseBlock(std::size_t frames) noexcept;
   void allpass(Delay& d, float g, std::size_t frames, float* delayed) noexcept;
   std::size_t runLines(std::size_t k, std::size_t most) noexcept;
+  void runLinesNarrow(const std::array<const float*, kLines>& rows, float* write, std::size_t k,
+                      std::size_t run) noexcept;
+  void runLinesWide(const std::array<const float*, kLines>& rows, float* write, std::size_t k,
+                    std::size_t run) noexcept;
   void mixStereo(float* interleaved, std::size_t frames) noexcept;
   void mixAny(float* interleaved, std::size_t frames) noexcept;
 
