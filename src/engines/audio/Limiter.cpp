@@ -34,7 +34,13 @@ float peakOf(const float* samples, std::size_t count) noexcept {
 }  // namespace
 
 Limiter::Limiter(int rate)
-    : release_(static_cast<float>(1.0 - std::exp(-1.0 / (kReleaseSeconds * rate)))) {}
+    : release_(static_cast<float>(1.0 - std::exp(-1.0 / (kReleaseSeconds * rate)))) {
+  const double keep = 1.0 - static_cast<double>(release_);
+  for (std::size_t n = 0; n < kChunk; ++n) {
+    keepPower_[n] = static_cast<float>(std::pow(keep, static_cast<double>(n)));
+    keepInverse_[n] = static_cast<float>(std::pow(keep, -static_cast<double>(n)));
+  }
+}
 
 void Limiter::process(float* stereo, std::size_t frames) noexcept {
   // Most blocks are quiet enough with the gain at rest: nothing to do.
@@ -43,26 +49,34 @@ void Limiter::process(float* stereo, std::size_t frames) noexcept {
     limitChunk(stereo + 2 * f, std::min(kChunk, frames - f));
 }
 
-// A frame whose louder side is m may have a gain of at most kCeiling / m.
-// Those bounds and the products come a chunk at a time; what runs frame
-// after frame is only the recovery and the bound, with no division in it.
+// Frame by frame the gain is g(n) = min(b(n), 1 - (1 - g(n-1)) k), where b(n)
+// is the bound kCeiling / (the louder side) and k = 1 - release: the deficit
+// 1 - g shrinks by k each frame unless a bound holds it up. Unrolled, the
+// deficit at frame n is k^n times the largest of (1 - g(-1)) k and of
+// (1 - b(m)) / k^m for m <= n: a running maximum. A frame then waits on the
+// one before it for a comparison only, rather than for a chain of steps.
 void Limiter::limitChunk(float* stereo, std::size_t frames) noexcept {
-  std::array<float, kChunk> gains;
-  for (std::size_t f = 0; f < frames; ++f)
-    gains[f] = kCeiling / std::max(std::fabs(stereo[2 * f]), std::fabs(stereo[2 * f + 1]));
+  std::array<float, kChunk> bounds;
+  std::array<float, kChunk> scaled;
+  for (std::size_t f = 0; f < frames; ++f) {
+    const float loudest = std::max(std::fabs(stereo[2 * f]), std::fabs(stereo[2 * f + 1]));
+    bounds[f] = kCeiling / loudest;
+    // A NaN sample sets no bound; silence (an infinite bound) sets none either.
+    const float deficit = (1.0f - bounds[f]) * keepInverse_[f];
+    scaled[f] = deficit == deficit ? deficit : 0.0f;
+  }
+  float largest = (1.0f - gain_) * (1.0f - release_);
   float gain = gain_;
   for (std::size_t f = 0; f < frames; ++f) {
-    gain += release_ * (1.0f - gain);
-    // Land on 1 so that the quiet path above is taken again.
-    if (gain > kRested) gain = 1.0f;
-    gain = std::min(gain, gains[f]);
-    gains[f] = gain;
+    largest = std::max(largest, scaled[f]);
+    gain = 1.0f - keepPower_[f] * largest;
+    // The products above round; the bound itself is never passed.
+    gain = std::min(gain, bounds[f]);
+    stereo[2 * f] *= gain;
+    stereo[2 * f + 1] *= gain;
   }
-  gain_ = gain;
-  for (std::size_t f = 0; f < frames; ++f) {
-    stereo[2 * f] *= gains[f];
-    stereo[2 * f + 1] *= gains[f];
-  }
+  // Land on 1 so that the quiet path above is taken again.
+  gain_ = gain > kRested ? 1.0f : gain;
 }
 
 }  // namespace yarvo::audio

@@ -9,6 +9,7 @@
 // follow the waveform and so adds little distortion. Below the ceiling, with
 // the gain recovered, it changes nothing.
 
+#include <array>
 #include <cstddef>
 
 namespace yarvo::audio {
@@ -31,6 +32,9 @@ class Limiter {
 
   float release_;
   float gain_ = 1.0f;
+  // (1 - release_) to the power n, and to the power -n, for n < kChunk.
+  std::array<float, kChunk> keepPower_{};
+  std::array<float, kChunk> keepInverse_{};
 };
 
 }  // namespace yarvo::audio

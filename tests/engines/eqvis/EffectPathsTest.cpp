@@ -135,5 +135,23 @@ TEST(EffectPathsTest, TheLimiterFindsAPeakInAnyPlaceOfABlock) {
   EXPECT_EQ(quiet.gain(), 1.0f) << "the ceiling itself is not passed";
 }
 
+// One frame at twice the ceiling halves the gain; from there the gain wins
+// back 1 - 1/e of what it lost in every 150 ms, across chunks and blocks.
+TEST(EffectPathsTest, TheLimiterRecoversWithItsTimeConstant) {
+  Limiter limiter(44100);
+  std::vector<float> block(2 * 44100, 0.1f);
+  block[1] = 2.0f * Limiter::kCeiling;
+  for (std::size_t f = 0; f < 44100; f += 500)
+    limiter.process(block.data() + 2 * f, std::min<std::size_t>(500, 44100 - f));
+  const auto gainAt = [&](double seconds) {
+    return block[2 * static_cast<std::size_t>(seconds * 44100)] / 0.1f;
+  };
+  EXPECT_NEAR(gainAt(0.0), 0.5, 1e-6);
+  for (const double t : {0.15, 0.3, 0.75}) {
+    SCOPED_TRACE(t);
+    EXPECT_NEAR(gainAt(t), 1.0 - 0.5 * std::exp(-t / 0.15), 2e-4);
+  }
+}
+
 }  // namespace
 }  // namespace yarvo::audio
