@@ -162,17 +162,16 @@ template <class Vec>
   return __builtin_shuffle(low, high, from);
 }
 
-// The frame loop for `Count` bands in registers R..., every register index a
-// constant, so that the compiler keeps the state in registers rather than in
-// arrays on the stack. Each step is written so that what a frame waits for is
-// short: z1 needs y only for its last term, and y needs only z1 and in.
-template <class Vec, std::size_t Count, std::size_t... R>
-[[gnu::always_inline]] inline void runWavefront(Wavefront& w, float* interleaved,
+// The frame loop for registers R..., every register index a constant, so
+// that the compiler keeps the state in registers rather than in arrays on the
+// stack. `out` is the frame lane of the last register that holds the last
+// band. Each step is written so that what a frame waits for is short: z1 needs
+// y only for its last term, and y needs only z1 and in.
+template <class Vec, std::size_t... R>
+[[gnu::always_inline]] inline void runWavefront(Wavefront& w, std::size_t out, float* interleaved,
                                                 std::size_t frames,
                                                 std::index_sequence<R...>) noexcept {
   constexpr std::size_t kLast = sizeof...(R) - 1;
-  // The last band's lane pair within the last register, as a frame lane.
-  constexpr std::size_t kOut = (Count - 1) % (kLanes<Vec> / 2);
   const std::array<Vec, sizeof...(R)> b0{loadRegister<Vec>(w.b0, R)...};
   const std::array<Vec, sizeof...(R)> b1{loadRegister<Vec>(w.b1, R)...};
   const std::array<Vec, sizeof...(R)> b2{loadRegister<Vec>(w.b2, R)...};
@@ -188,8 +187,8 @@ template <class Vec, std::size_t Count, std::size_t... R>
     ((y[R] = b0[R] * in[R] + z1[R], z1[R] = (b1[R] * in[R] + z2[R]) - a1[R] * y[R],
       z2[R] = b2[R] * in[R] - a2[R] * y[R]),
      ...);
-    const double out = reinterpret_cast<FrameLanes<Vec>>(y[kLast])[kOut];
-    std::memcpy(x, &out, sizeof out);
+    const double last = reinterpret_cast<FrameLanes<Vec>>(y[kLast])[out];
+    std::memcpy(x, &last, sizeof last);
     // Each band's output moves on to the next band: two lanes up.
     ((in[R] = shiftUp(R == 0 ? Vec{} : y[R == 0 ? 0 : R - 1], y[R])), ...);
   }
@@ -198,40 +197,42 @@ template <class Vec, std::size_t Count, std::size_t... R>
   (storeRegister(w.in, R, in[R]), ...);
 }
 
-template <class Vec>
-constexpr std::size_t registersFor(std::size_t bands) {
-  return (2 * bands + kLanes<Vec> - 1) / kLanes<Vec>;
-}
-
-template <std::size_t Count>
-void runWavefrontSse(Wavefront& w, float* interleaved, std::size_t frames) noexcept {
-  runWavefront<V4, Count>(w, interleaved, frames,
-                          std::make_index_sequence<registersFor<V4>(Count)>());
+template <std::size_t Registers>
+void runWavefrontSse(Wavefront& w, std::size_t out, float* interleaved,
+                     std::size_t frames) noexcept {
+  runWavefront<V4>(w, out, interleaved, frames, std::make_index_sequence<Registers>());
 }
 
 // The same code for processors with AVX2 and FMA: twice the bands to a
 // register, and each multiply-add one instruction with one rounding.
-template <std::size_t Count>
-[[gnu::target("avx2,fma")]] void runWavefrontAvx2(Wavefront& w, float* interleaved,
+template <std::size_t Registers>
+[[gnu::target("avx2,fma")]] void runWavefrontAvx2(Wavefront& w, std::size_t out, float* interleaved,
                                                   std::size_t frames) noexcept {
-  runWavefront<V8, Count>(w, interleaved, frames,
-                          std::make_index_sequence<registersFor<V8>(Count)>());
+  runWavefront<V8>(w, out, interleaved, frames, std::make_index_sequence<Registers>());
 }
 
-using WavefrontRun = void (*)(Wavefront&, float*, std::size_t) noexcept;
-using WavefrontTable = std::array<WavefrontRun, kMaxCascade>;
+using WavefrontRun = void (*)(Wavefront&, std::size_t, float*, std::size_t) noexcept;
 
-// By number of bands, less one.
-template <std::size_t... C>
-constexpr WavefrontTable sseTable(std::index_sequence<C...>) {
-  return {&runWavefrontSse<C + 1>...};
+// By number of registers, less one.
+template <std::size_t... R>
+constexpr std::array<WavefrontRun, sizeof...(R)> sseTable(std::index_sequence<R...>) {
+  return {&runWavefrontSse<R + 1>...};
 }
-template <std::size_t... C>
-constexpr WavefrontTable avx2Table(std::index_sequence<C...>) {
-  return {&runWavefrontAvx2<C + 1>...};
+template <std::size_t... R>
+constexpr std::array<WavefrontRun, sizeof...(R)> avx2Table(std::index_sequence<R...>) {
+  return {&runWavefrontAvx2<R + 1>...};
 }
-constexpr WavefrontTable kSseWavefronts = sseTable(std::make_index_sequence<kMaxCascade>());
-constexpr WavefrontTable kAvx2Wavefronts = avx2Table(std::make_index_sequence<kMaxCascade>());
+constexpr auto kSseWavefronts = sseTable(std::make_index_sequence<2 * kMaxCascade / 4>());
+constexpr auto kAvx2Wavefronts = avx2Table(std::make_index_sequence<2 * kMaxCascade / 8>());
+
+// The wavefront of `count` bands in the registers that suit the processor.
+void runWavefront(Wavefront& w, std::size_t count, float* interleaved,
+                  std::size_t frames) noexcept {
+  if (wideRegisters())
+    kAvx2Wavefronts[(count - 1) / 4](w, (count - 1) % 4, interleaved, frames);
+  else
+    kSseWavefronts[(count - 1) / 2](w, (count - 1) % 2, interleaved, frames);
+}
 
 }  // namespace
 
@@ -263,8 +264,7 @@ void ParamEq::cascadeStereo(ParamEq* const* bands, std::size_t count, float* int
     }
   }
   // Lanes past the last band have all-zero coefficients and stay zero.
-  const WavefrontTable& run = wideRegisters() ? kAvx2Wavefronts : kSseWavefronts;
-  run[count - 1](w, interleaved, frames);
+  runWavefront(w, count, interleaved, frames);
   for (std::size_t s = 0; s < count; ++s) {
     ParamEq& band = *bands[s];
     for (std::size_t c = 0; c < 2; ++c) {
