@@ -112,7 +112,7 @@ template <int Stride>
 
 void Reverb::Delay::init(std::size_t samples) {
   length = std::max<std::size_t>(samples, 1);
-  buffer.assign(std::bit_ceil(length + 1), 0.0f);
+  buffer.assign(std::bit_ceil(length + kMaxBlock), 0.0f);
   mask = buffer.size() - 1;
 }
 
@@ -170,42 +170,39 @@ void Reverb::updateParameters() noexcept {
 }
 
 // A Schroeder all-pass over a block no longer than its delay, so that every
-// sample it reads was written before the block began. `delayed` gets what
-// circulates in it.
-void Reverb::allpass(Delay& d, float g, std::size_t frames, float* delayed) noexcept {
+// sample it reads was written before the block began. `early`, when given,
+// gets what circulates in it, at the level of the early reflections.
+void Reverb::allpass(Delay& d, float g, std::size_t frames, float* early) noexcept {
   const std::size_t size = d.mask + 1;
   for (std::size_t k = 0; k < frames;) {
-    // A run in which neither the reads nor the writes wrap: the delayed
-    // samples are copied out first, so the arithmetic works on three arrays
-    // that do not overlap, four samples at a time.
+    // A run in which neither the reads nor the writes wrap. The ring is a
+    // block longer than the delay, so what the run reads and what it writes
+    // never meet: the arithmetic runs several samples at a time.
     const std::size_t from = (cursor_ + k - d.length) & d.mask;
     const std::size_t to = (cursor_ + k) & d.mask;
     const std::size_t run = std::min({frames - k, size - from, size - to});
-    std::copy_n(d.buffer.data() + from, run, delayed + k);
-    const float* __restrict out = delayed + k;
+    const float* __restrict out = d.buffer.data() + from;
     float* __restrict x = block_.data() + k;
     float* __restrict w = d.buffer.data() + to;
     for (std::size_t j = 0; j < run; ++j) {
       w[j] = x[j] + g * out[j];
       x[j] = out[j] - g * w[j];
     }
+    if (early != nullptr)
+      for (std::size_t j = 0; j < run; ++j) early[k + j] = out[j] * kEarlyGain;
     k += run;
   }
 }
 
+// The early reflections: what circulates in the last two diffusers, one for
+// each side, heard from a few milliseconds after the sound until the lines
+// return it. Their delayed signal, not their output, which would also carry
+// part of the sound itself with no delay at all.
 void Reverb::diffuseBlock(std::size_t frames) noexcept {
-  std::array<float, kMaxBlock> delayed;
-  for (std::size_t i = 0; i < kDiffusers; ++i) {
-    allpass(diffusers_[i], kDiffuserGains[i], frames, delayed.data());
-    // The early reflections: what circulates in the last two diffusers, one
-    // for each side, heard from a few milliseconds after the sound until the
-    // lines return it. Their delayed signal, not their output, which would
-    // also carry part of the sound itself with no delay at all.
-    if (i == 2)
-      for (std::size_t k = 0; k < frames; ++k) earlyLeft_[k] = delayed[k] * kEarlyGain;
-    if (i == 3)
-      for (std::size_t k = 0; k < frames; ++k) earlyRight_[k] = delayed[k] * kEarlyGain;
-  }
+  allpass(diffusers_[0], kDiffuserGains[0], frames, nullptr);
+  allpass(diffusers_[1], kDiffuserGains[1], frames, nullptr);
+  allpass(diffusers_[2], kDiffuserGains[2], frames, earlyLeft_.data());
+  allpass(diffusers_[3], kDiffuserGains[3], frames, earlyRight_.data());
 }
 
 void Reverb::process(float* interleaved, std::size_t frames) noexcept {

@@ -35,7 +35,8 @@ class Reverb final : public Effect {
 
  private:
   // A delay line whose length is fixed at construction; the buffer is a power
-  // of two so the index wraps with a mask.
+  // of two, so the index wraps with a mask, and at least a block longer than
+  // the delay, so a block's reads and writes never meet.
   struct Delay {
     std::vector<float> buffer;
     std::size_t mask = 0;
@@ -53,7 +54,7 @@ class Reverb final : public Effect {
   // The diffusers over block_ in place; the early reflections to earlyLeft_
   // and earlyRight_.
   void diffuseBlock(std::size_t frames) noexcept;
-  void allpass(Delay& d, float g, std::size_t frames, float* delayed) noexcept;
+  void allpass(Delay& d, float g, std::size_t frames, float* early) noexcept;
   std::size_t runLines(std::size_t k, std::size_t most) noexcept;
   void runLinesNarrow(const std::array<const float*, kLines>& rows, float* write, std::size_t k,
                       std::size_t run) noexcept;
