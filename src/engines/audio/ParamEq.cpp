@@ -120,7 +120,7 @@ template <class Vec>
 constexpr std::size_t kLanes = sizeof(Vec) / sizeof(float);
 
 struct Wavefront {
-  alignas(64) std::array<float, 2 * kMaxCascade> b0{}, b1{}, b2{}, a1{}, a2{}, z1{}, z2{}, in{};
+  std::array<float, 2 * kMaxCascade> b0{}, b1{}, b2{}, a1{}, a2{}, z1{}, z2{}, in{};
 };
 
 template <class Vec>

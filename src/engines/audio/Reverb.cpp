@@ -96,7 +96,7 @@ template <int Stride>
 // Lane i of frame j of the lines' returns is lane i of row j of line i's
 // reading: whole rows loaded and blended, rather than eight loads and stores
 // of single samples.
-[[gnu::always_inline]] inline V8 returnsOf(const std::array<const float*, 8>& rows,
+[[gnu::always_inline]] inline V8 returnsOf(const std::array<const float*, Reverb::kLines>& rows,
                                            std::size_t at) noexcept {
   V8 v = load8(rows[0] + at);
   v = __builtin_shuffle(v, load8(rows[1] + at), V8i{0, 9, 2, 3, 4, 5, 6, 7});
