@@ -1,8 +1,6 @@
 #include "platform/ProfileIni.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "platform/Files.h"
 
 #include <algorithm>
 #include <cctype>
@@ -129,57 +127,11 @@ void setKey(std::vector<std::string>& lines, std::string_view section, std::stri
   lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(last), std::move(entry));
 }
 
-// Closes a POSIX descriptor when it goes out of scope.
-class FileDescriptor {
- public:
-  explicit FileDescriptor(int fd) : fd_(fd) {}
-  FileDescriptor(const FileDescriptor&) = delete;
-  FileDescriptor& operator=(const FileDescriptor&) = delete;
-  ~FileDescriptor() {
-    if (fd_ >= 0) {
-      ::close(fd_);
-    }
-  }
-  int get() const { return fd_; }
-  bool close() {
-    const int fd = std::exchange(fd_, -1);
-    return ::close(fd) == 0;
-  }
-
- private:
-  int fd_;
-};
-
-bool writeAll(int fd, std::string_view data) {
-  while (!data.empty()) {
-    const ssize_t written = ::write(fd, data.data(), data.size());
-    if (written <= 0) {
-      return false;
-    }
-    data.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
+// Saves over the file whole, making its folder first if need be.
 bool replaceAtomically(const std::filesystem::path& target, std::string_view content) {
-  constexpr mode_t kFileMode = 0644;
   std::error_code error;
   std::filesystem::create_directories(target.parent_path(), error);
-  if (error) {
-    return false;
-  }
-  std::string temporary = target.string() + ".XXXXXX";
-  FileDescriptor fd(::mkostemp(temporary.data(), O_CLOEXEC));
-  if (fd.get() < 0) {
-    return false;
-  }
-  const bool written =
-      ::fchmod(fd.get(), kFileMode) == 0 && writeAll(fd.get(), content) && ::fsync(fd.get()) == 0;
-  if (!fd.close() || !written || ::rename(temporary.c_str(), target.c_str()) != 0) {
-    ::unlink(temporary.c_str());
-    return false;
-  }
-  return true;
+  return !error && WriteFileAtomically(target.string(), content);
 }
 
 }  // namespace
