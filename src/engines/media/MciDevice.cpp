@@ -177,37 +177,26 @@ MciError MciDevice::play(std::optional<std::int64_t> from, std::optional<std::in
     // gave, or from the start after the real end.
     seekSeconds(previousEnd.value_or(0));
   }
-  if (!player_->setFlag(mpvname::kPause, false)) {
-    return MciError::EngineFailed;
-  }
-  mode_ = Mode::Playing;
-  return MciError::None;
+  return setPaused(false, Mode::Playing);
 }
 
-MciError MciDevice::pause() {
-  if (!player_->setFlag(mpvname::kPause, true)) {
-    return MciError::EngineFailed;
-  }
-  mode_ = Mode::Paused;
-  return MciError::None;
-}
+MciError MciDevice::pause() { return setPaused(true, Mode::Paused); }
 
 MciError MciDevice::resume() {
   if (mode_ != Mode::Paused) {
     return MciError::None;
   }
-  if (!player_->setFlag(mpvname::kPause, false)) {
-    return MciError::EngineFailed;
-  }
-  mode_ = Mode::Playing;
-  return MciError::None;
+  return setPaused(false, Mode::Playing);
 }
 
-MciError MciDevice::stop() {
-  if (!player_->setFlag(mpvname::kPause, true)) {
+MciError MciDevice::stop() { return setPaused(true, Mode::Stopped); }
+
+// mpv only pauses or runs; stopped and paused differ in our mode alone.
+MciError MciDevice::setPaused(bool paused, Mode then) {
+  if (!player_->setFlag(mpvname::kPause, paused)) {
     return MciError::EngineFailed;
   }
-  mode_ = Mode::Stopped;
+  mode_ = then;
   return MciError::None;
 }
 

@@ -67,6 +67,7 @@ class MciDevice {
   std::int64_t positionUnits();
   void refreshMode();
   void seekSeconds(double seconds);
+  MciError setPaused(bool paused, Mode then);
   bool applyChannelGains();
 
   std::unique_ptr<MpvPlayer> player_;
