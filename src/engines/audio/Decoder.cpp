@@ -14,23 +14,13 @@ namespace {
 // Enough for the search window and three frames of the largest kind.
 constexpr std::size_t kSniffBytes = 16384;
 
-std::size_t tagSize(const std::array<std::uint8_t, 10>& h) noexcept {
-  if (h[0] != 'I' || h[1] != 'D' || h[2] != '3') return 0;
-  std::size_t size = 0;
-  for (std::size_t i = 6; i < 10; ++i) {
-    if (h[i] & 0x80) return 0;
-    size = (size << 7) | h[i];
-  }
-  return 10 + size + ((h[5] & 0x10) ? 10 : 0);
-}
-
 // The bytes where the audio would start: past an ID3v2 tag, however large.
 std::vector<std::uint8_t> audioHead(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return {};
   std::array<std::uint8_t, 10> tag{};
   in.read(reinterpret_cast<char*>(tag.data()), tag.size());
-  const std::size_t skip = in.gcount() == 10 ? tagSize(tag) : 0;
+  const std::size_t skip = in.gcount() == 10 ? id3v2Size(tag) : 0;
   in.clear();
   in.seekg(static_cast<std::streamoff>(skip));
   std::vector<std::uint8_t> head(kSniffBytes);

@@ -58,17 +58,6 @@ std::optional<FrameHeader> parseHeader(std::span<const std::uint8_t> bytes) noex
   return FrameHeader{layer, static_cast<std::size_t>(length)};
 }
 
-std::size_t id3v2Size(std::span<const std::uint8_t> head) noexcept {
-  if (head.size() < 10 || head[0] != 'I' || head[1] != 'D' || head[2] != '3') return 0;
-  std::size_t size = 0;
-  for (std::size_t i = 6; i < 10; ++i) {
-    if (head[i] & 0x80) return 0;
-    size = (size << 7) | head[i];
-  }
-  const bool footer = (head[5] & 0x10) != 0;
-  return 10 + size + (footer ? 10 : 0);
-}
-
 // How far past the tag a first frame is looked for: encoders sometimes leave a
 // little padding, but a real stream does not start kilobytes in.
 constexpr std::size_t kSyncSearch = 4096;
@@ -118,6 +107,17 @@ class MpegDecoder final : public Decoder {
 };
 
 }  // namespace
+
+std::size_t id3v2Size(std::span<const std::uint8_t> head) noexcept {
+  if (head.size() < 10 || head[0] != 'I' || head[1] != 'D' || head[2] != '3') return 0;
+  std::size_t size = 0;
+  for (std::size_t i = 6; i < 10; ++i) {
+    if (head[i] & 0x80) return 0;
+    size = (size << 7) | head[i];
+  }
+  const bool footer = (head[5] & 0x10) != 0;
+  return 10 + size + (footer ? 10 : 0);
+}
 
 int sniffMpegLayer(std::span<const std::uint8_t> head) noexcept {
   const std::size_t start = id3v2Size(head);

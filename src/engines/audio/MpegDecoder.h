@@ -11,6 +11,10 @@
 
 namespace yarvo::audio {
 
+// The bytes of the ID3v2 tag (header, body and footer) that `head`, the
+// first bytes of a file, starts with; 0 when it starts with none.
+std::size_t id3v2Size(std::span<const std::uint8_t> head) noexcept;
+
 // The layer (1..3) of the MPEG audio that `head` (the first bytes of a file)
 // starts with, after an optional ID3v2 tag, or 0. Three frame headers must
 // follow each other at the distances their own fields give, so stray sync
