@@ -15,6 +15,21 @@ namespace yarvo::test {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
+pid_t Spawn(std::vector<std::string> args, std::vector<std::string> env) {
+  if (env.empty()) {
+    for (char** e = environ; *e; ++e) env.emplace_back(*e);
+  }
+  auto pointers = [](std::vector<std::string>& strings) {
+    std::vector<char*> list;
+    for (auto& s : strings) list.push_back(s.data());
+    list.push_back(nullptr);
+    return list;
+  };
+  auto argv = pointers(args), envp = pointers(env);
+  pid_t pid = -1;
+  return posix_spawnp(&pid, argv[0], nullptr, nullptr, argv.data(), envp.data()) == 0 ? pid : -1;
+}
+
 ProgramFolder::ProgramFolder() {
   // What ships beside the executable comes along, as an installation has it.
   fs::copy(YARVO_SHIPPED_DATA, dir_.path(), fs::copy_options::recursive);
@@ -38,16 +53,9 @@ Player::Player(const ProgramFolder& folder, const TempDir& home, std::vector<std
   env.push_back("PULSE_SERVER=unix:" + (home.path() / "no-sound-server").string());
   env.push_back("ASAN_OPTIONS=detect_leaks=0");
   if (!display.empty()) env.push_back("DISPLAY=" + display);
-  std::vector<char*> envp;
-  for (auto& e : env) envp.push_back(e.data());
-  envp.push_back(nullptr);
   std::vector<std::string> args{folder.Exe()};
   args.insert(args.end(), arguments.begin(), arguments.end());
-  std::vector<char*> argv;
-  for (auto& a : args) argv.push_back(a.data());
-  argv.push_back(nullptr);
-  if (posix_spawn(&pid_, folder.Exe().c_str(), nullptr, nullptr, argv.data(), envp.data()) != 0)
-    pid_ = -1;
+  pid_ = Spawn(std::move(args), std::move(env));
 }
 
 Player::~Player() {
@@ -82,14 +90,6 @@ bool Player::CatchesSigterm() const {
       return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1)) & 1u;
   }
   return false;
-}
-
-std::string Settings(std::initializer_list<std::pair<int, const char*>> values) {
-  std::vector<std::string> lines(72);
-  for (auto [line, text] : values) lines[static_cast<std::size_t>(line)] = text;
-  std::string bytes;
-  for (const auto& line : lines) bytes += line + "\r\n";
-  return bytes;
 }
 
 }  // namespace yarvo::test

@@ -15,6 +15,10 @@ namespace yarvo::test {
 
 inline constexpr auto kPatience = std::chrono::seconds(60);
 
+// Starts `args`, the program looked up on PATH unless given as a path,
+// with `env` (this process's environment when empty); -1 when it cannot.
+pid_t Spawn(std::vector<std::string> args, std::vector<std::string> env = {});
+
 // The program folder is the folder of the executable: (a link to) the
 // binary and the shipped data in a fresh folder.
 class ProgramFolder {
@@ -48,8 +52,5 @@ class Player {
   pid_t pid_ = -1;
   bool exited_ = false;
 };
-
-// A settings.ini of 72 lines, empty but for the given ones.
-std::string Settings(std::initializer_list<std::pair<int, const char*>> values);
 
 }  // namespace yarvo::test

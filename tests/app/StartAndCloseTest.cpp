@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -20,18 +20,11 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-using test::kPatience;
-using test::Player;
-using test::ProgramFolder;
-using test::ReadBytes;
-using test::Settings;
-using test::WriteBytes;
-
-fs::file_time_type Written(const std::string& path) { return fs::last_write_time(path); }
+using namespace test;
 
 TEST(Executable, ClosedByTheWindowSystemItSavesItsStateInOrder) {
   ProgramFolder folder;
-  test::TempDir home;
+  TempDir home;
   WriteBytes(folder / "Data/plst.data", "/music/First Song.mp3\r\n/music/b.two.ogg   \r\n");
   Player player(folder, home);
   player.Close();
@@ -45,19 +38,16 @@ TEST(Executable, ClosedByTheWindowSystemItSavesItsStateInOrder) {
                                           "Data/plst.data", "Data/playlist.data"};
   for (std::size_t i = 1; i < order.size(); ++i) {
     SCOPED_TRACE(order[i]);
-    EXPECT_LE(Written(folder / order[i - 1]), Written(folder / order[i]));
+    EXPECT_LE(fs::last_write_time(folder / order[i - 1]), fs::last_write_time(folder / order[i]));
   }
-  std::ifstream settings(folder / "settings.ini");
-  int lines = 0;
-  for (std::string line; std::getline(settings, line);) ++lines;
-  EXPECT_EQ(lines, 72);
+  EXPECT_EQ(std::ranges::count(ReadBytes(folder / "settings.ini"), '\n'), 72);
 }
 
 // A file the audio engine cannot decode ends at its first tick; the program
 // goes on and closes as usual.
 TEST(Executable, AnUnplayableFileOnTheCommandLineLeavesTheProgramRunning) {
   ProgramFolder folder;
-  test::TempDir home;
+  TempDir home;
   WriteBytes(folder / "song with blanks.mp3", std::string(4096, '\0'));  // no audio in it
   Player player(folder, home, {folder / "song", "with", "blanks.MP3"});
   player.Close();
@@ -70,8 +60,11 @@ TEST(Executable, AnUnplayableFileOnTheCommandLineLeavesTheProgramRunning) {
 
 TEST(Executable, ASecondInstanceEndsAtOnceWhenOnlyOneMayRun) {
   ProgramFolder folder;
-  test::TempDir home;
-  const std::string settings = Settings({{28, "0"}, {56, "main"}});
+  TempDir home;
+  // 72 lines, empty but for one instance only and the main window.
+  std::string settings;
+  for (int line = 0; line < 72; ++line)
+    settings += std::string(line == 28 ? "0" : line == 56 ? "main" : "") + "\r\n";
   WriteBytes(folder / "settings.ini", settings);
   Player first(folder, home);
   // The first has passed its instance check once it repairs the media

@@ -3,17 +3,16 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <thread>
 
 #include "PlayerProcess.h"
-
-extern char** environ;
 
 namespace yarvo {
 namespace {
@@ -22,78 +21,69 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 // An Xvfb server on a display number of its own, for the life of the object.
-class XServer {
- public:
+struct XServer {
   XServer() {
-    display_ = ":" + std::to_string(80 + getpid() % 100);
-    const std::string socket = "/tmp/.X11-unix/X" + display_.substr(1);
-    std::vector<std::string> args{"Xvfb",        display_,    "-screen", "0",
-                                  "1024x768x24", "-nolisten", "tcp"};
-    std::vector<char*> argv;
-    for (auto& a : args) argv.push_back(a.data());
-    argv.push_back(nullptr);
-    if (posix_spawnp(&pid_, "Xvfb", nullptr, nullptr, argv.data(), environ) != 0) pid_ = -1;
+    const std::string socket = "/tmp/.X11-unix/X" + display.substr(1);
+    pid = test::Spawn({"Xvfb", display, "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
     const auto deadline = std::chrono::steady_clock::now() + 20s;
-    while (pid_ > 0 && !fs::exists(socket) && std::chrono::steady_clock::now() < deadline)
+    while (pid > 0 && !fs::exists(socket) && std::chrono::steady_clock::now() < deadline)
       std::this_thread::sleep_for(20ms);
-    ready_ = pid_ > 0 && fs::exists(socket);
+    ready = pid > 0 && fs::exists(socket);
   }
   ~XServer() {
-    if (pid_ > 0) {
-      kill(pid_, SIGTERM);
-      waitpid(pid_, nullptr, 0);
+    if (pid > 0) {
+      kill(pid, SIGTERM);
+      waitpid(pid, nullptr, 0);
     }
   }
-  bool Ready() const { return ready_; }
-  const std::string& Display() const { return display_; }
+  XServer(const XServer&) = delete;
+  XServer& operator=(const XServer&) = delete;
 
- private:
-  pid_t pid_ = -1;
-  std::string display_;
-  bool ready_ = false;
+  const std::string display = ":" + std::to_string(80 + getpid() % 100);
+  pid_t pid = -1;
+  bool ready = false;
 };
 
 struct Rgb {
   int r, g, b;
 };
 
-// The whole screen as rows of pixels, through ImageMagick's import.
-std::vector<std::vector<Rgb>> Screenshot(const std::string& display) {
+// The whole screen as 8-bit RGB triples, row by row, through ImageMagick's
+// import.
+struct Screen {
+  int width = 0, height = 0;
+  std::string rgb;
+};
+
+Screen Screenshot(const std::string& display) {
   const std::string command =
       "import -display " + display + " -window root -depth 8 ppm:- 2>/dev/null";
   FILE* pipe = popen(command.c_str(), "r");
-  std::vector<std::vector<Rgb>> rows;
-  if (!pipe) return rows;
-  int width = 0, height = 0, maxValue = 0;
-  if (std::fscanf(pipe, "P6 %d %d %d", &width, &height, &maxValue) == 3 && maxValue == 255) {
+  Screen screen;
+  if (!pipe) return screen;
+  int maxValue = 0;
+  if (std::fscanf(pipe, "P6 %d %d %d", &screen.width, &screen.height, &maxValue) == 3 &&
+      maxValue == 255 && screen.width > 0) {
     std::fgetc(pipe);
-    rows.assign(static_cast<std::size_t>(height),
-                std::vector<Rgb>(static_cast<std::size_t>(width)));
-    for (auto& row : rows) {
-      for (auto& pixel : row) {
-        pixel.r = std::fgetc(pipe);
-        pixel.g = std::fgetc(pipe);
-        pixel.b = std::fgetc(pipe);
-      }
-    }
+    screen.rgb.resize(static_cast<std::size_t>(screen.width * screen.height * 3));
+    // A short read keeps only the rows that came in whole.
+    screen.rgb.resize(std::fread(screen.rgb.data(), 1, screen.rgb.size(), pipe));
+    screen.height = static_cast<int>(screen.rgb.size()) / (screen.width * 3);
   }
   pclose(pipe);
-  return rows;
+  return screen;
 }
 
-bool Near(const Rgb& a, const Rgb& b) {
-  return std::abs(a.r - b.r) < 40 && std::abs(a.g - b.g) < 40 && std::abs(a.b - b.b) < 40;
-}
-
-// How many pixels of `colour` lie inside the rectangle.
-int Count(const std::vector<std::vector<Rgb>>& screen, Rgb colour, int left, int top, int width,
-          int height) {
+// How many pixels near `colour` lie inside the rectangle.
+int Count(const Screen& screen, Rgb colour, int left, int top, int width, int height) {
   int count = 0;
-  for (int y = top; y < top + height && y < static_cast<int>(screen.size()); ++y) {
-    for (int x = left;
-         x < left + width && x < static_cast<int>(screen[static_cast<std::size_t>(y)].size());
-         ++x) {
-      if (Near(screen[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)], colour)) ++count;
+  for (int y = top; y < std::min(top + height, screen.height); ++y) {
+    for (int x = left; x < std::min(left + width, screen.width); ++x) {
+      const auto* p = reinterpret_cast<const unsigned char*>(
+          screen.rgb.data() + (static_cast<std::size_t>(y * screen.width + x) * 3));
+      if (std::abs(p[0] - colour.r) < 40 && std::abs(p[1] - colour.g) < 40 &&
+          std::abs(p[2] - colour.b) < 40)
+        ++count;
     }
   }
   return count;
@@ -101,7 +91,7 @@ int Count(const std::vector<std::vector<Rgb>>& screen, Rgb colour, int left, int
 
 TEST(VideoWindow, ATestPatternShowsItsColoursInsideTheVideoPanel) {
   XServer x;
-  if (!x.Ready()) GTEST_SKIP() << "no Xvfb on this machine";
+  if (!x.ready) GTEST_SKIP() << "no Xvfb on this machine";
   test::ProgramFolder folder;
   test::TempDir home;
   const std::string video = folder / "bars.avi";
@@ -109,7 +99,7 @@ TEST(VideoWindow, ATestPatternShowsItsColoursInsideTheVideoPanel) {
       "ffmpeg -loglevel error -y -f lavfi -i smptebars=size=320x240:rate=25 -t 30 -c:v mpeg4 '" +
       video + "'";
   ASSERT_EQ(std::system(make.c_str()), 0);
-  test::Player player(folder, home, {video}, x.Display());
+  test::Player player(folder, home, {video}, x.display);
 
   // Main at (2000, 1200) twips, the video panel at (120, 370) inside it and
   // 6100 - 1450 by 3530 - 700 twips, as the window lays out a first video.
@@ -119,7 +109,7 @@ TEST(VideoWindow, ATestPatternShowsItsColoursInsideTheVideoPanel) {
   bool seen = false;
   for (auto deadline = std::chrono::steady_clock::now() + test::kPatience;
        !seen && std::chrono::steady_clock::now() < deadline; std::this_thread::sleep_for(250ms)) {
-    const auto screen = Screenshot(x.Display());
+    const auto screen = Screenshot(x.display);
     seen = Count(screen, yellow, left, top, width, height) > 500 &&
            Count(screen, cyan, left, top, width, height) > 500 &&
            Count(screen, magenta, left, top, width, height) > 500;

@@ -38,19 +38,13 @@ TEST_F(DirectorFixture, ADoubleClickedRowPlaysToItsEndAndTheNextRowFollows) {
   EXPECT_EQ(main.PiesaCurenta.Caption.get(), "b");
 }
 
-TEST_F(DirectorFixture, InListOrderTheLastRowIsFollowedByTheFirst) {
+TEST_F(DirectorFixture, InListOrderTheListWrapsBothWays) {
   DoubleClick(3);
   EXPECT_EQ(PlayUntilNext(), "/m/a.mp3");
   EXPECT_EQ(SongNumber(), "0");
-}
-
-TEST_F(DirectorFixture, PreviousFromTheFirstRowGoesToTheLast) {
-  DoubleClick(0);
   ClsMain().PlayPrevious();
   EXPECT_EQ(bass.PlayingFile(), "/m/d.wav");
   EXPECT_EQ(SongNumber(), "3");
-  ClsMain().PlayNext();
-  EXPECT_EQ(bass.PlayingFile(), "/m/a.mp3");
 }
 
 TEST_F(DirectorFixture, QueuedTitlesPlayFirstThenTheOrderGoesOnFromTheLastOfThem) {
@@ -91,7 +85,7 @@ TEST_F(DirectorFixture, PlayTheBestDrawsByTheRankingAtTheEndButNextStepsInOrder)
   EXPECT_EQ(bass.PlayingFile(), "/m/b.mp3") << "next steps in list order in this mode";
 }
 
-TEST_F(DirectorFixture, NextOnAPausedFileStartsTheNextRowInsteadOfResuming) {
+TEST_F(DirectorFixture, PlayResumesAPausedFileButNextStartsTheNextRow) {
   DoubleClick(0);
   clock.Advance(2000);
   ClsMain().Pause();
@@ -99,20 +93,15 @@ TEST_F(DirectorFixture, NextOnAPausedFileStartsTheNextRowInsteadOfResuming) {
   EXPECT_EQ(bass.PlayingFile(), "");
   clock.Advance(20000);
   EXPECT_EQ(P().frmBass().BassON.get(), "True") << "a paused song does not end";
-  ClsMain().PlayNext();
-  EXPECT_EQ(bass.PlayingFile(), "/m/b.mp3");
-  EXPECT_EQ(P().Main().StarePlayer.Caption.get(), "Playing");
-}
-
-TEST_F(DirectorFixture, PlayResumesAPausedFileWithoutCountingItAgain) {
-  DoubleClick(0);
-  clock.Advance(2000);
-  ClsMain().Pause();
   const int opened = bass.Calls("BASS_StreamCreateFile");
   ClsMain().Play();
   EXPECT_EQ(bass.PlayingFile(), "/m/a.mp3");
   EXPECT_EQ(bass.Calls("BASS_StreamCreateFile"), opened);
-  EXPECT_EQ(P().MediaLibrary().CountPlayed(0).Caption.get(), "1");
+  EXPECT_EQ(P().MediaLibrary().CountPlayed(0).Caption.get(), "1") << "not counted again";
+  ClsMain().Pause();
+  ClsMain().PlayNext();
+  EXPECT_EQ(bass.PlayingFile(), "/m/b.mp3");
+  EXPECT_EQ(P().Main().StarePlayer.Caption.get(), "Playing");
 }
 
 TEST_F(DirectorFixture, AFileTheAudioEngineCannotOpenEndsAtItsFirstTick) {

@@ -62,17 +62,13 @@ TEST(FormModel, TextBoxEndsItsTextAtTheFirstZeroByte) {
   EXPECT_EQ(form.Box.Text.get(), "Artist");
 }
 
-TEST(FormModel, ControlArrayHasOnlyItsElements) {
+TEST(FormModel, ControlArrayHasOnlyItsElementsAndResumeNextSkipsAFailedStatement) {
   ProbeForm form;
   EXPECT_EQ(form.Lb(0).Caption.get(), "first");
   EXPECT_THROW(form.Lb(1), RuntimeError);
   EXPECT_THROW(form.Lb(-1), RuntimeError);
   EXPECT_EQ(form.FindControl("Lb", 0), &form.Lb(0));
   EXPECT_EQ(form.FindControl("Caption1"), &form.Caption1);
-}
-
-TEST(ResumeNext, SkipsAFailedStatementButNotTheEndOfTheProgram) {
-  ProbeForm form;
   int reached = 0;
   ResumeNext([&] {
     form.Lb(2).Caption = "never";
@@ -80,7 +76,8 @@ TEST(ResumeNext, SkipsAFailedStatementButNotTheEndOfTheProgram) {
   });
   ResumeNext([&] { ++reached; });
   EXPECT_EQ(reached, 1);
-  EXPECT_THROW(ResumeNext([] { throw ProcessEnd{3}; }), ProcessEnd);
+  EXPECT_THROW(ResumeNext([] { throw ProcessEnd{3}; }), ProcessEnd)
+      << "but not the end of the program";
 }
 
 }  // namespace

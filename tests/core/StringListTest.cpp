@@ -8,14 +8,9 @@
 namespace yarvo {
 namespace {
 
-StringList& Filled(StringList& list, std::initializer_list<const char*> rows) {
-  for (const char* row : rows) list.AddItem(row);
-  return list;
-}
-
 TEST(StringList, ReadingARowLeavesTheCursorOnItListingDoesNot) {
   StringList list;
-  Filled(list, {"a", "b", "c"});
+  for (const char* row : {"a", "b", "c"}) list.AddItem(row);
   EXPECT_EQ(list.Text(), "");
   EXPECT_EQ(list.List(-1), "");
   EXPECT_EQ(list.List(3), "");
@@ -30,7 +25,7 @@ TEST(StringList, ReadingARowLeavesTheCursorOnItListingDoesNot) {
 TEST(StringList, CursorOutsideTheRowsIsARuntimeError) {
   StringList list;
   EXPECT_THROW(list.SetListIndex(0), RuntimeError);  // empty list
-  Filled(list, {"a", "b"});
+  for (const char* row : {"a", "b"}) list.AddItem(row);
   list.Selected(1);
   EXPECT_THROW(list.SetListIndex(2), RuntimeError);
   EXPECT_THROW(list.SetListIndex(-2), RuntimeError);
@@ -43,7 +38,7 @@ TEST(StringList, CursorOutsideTheRowsIsARuntimeError) {
 
 TEST(StringList, InsertAndRemoveKeepTheCursorOnItsRow) {
   StringList list;
-  Filled(list, {"a", "b", "c"});
+  for (const char* row : {"a", "b", "c"}) list.AddItem(row);
   list.Selected(1);
   list.AddItem("x", 0);
   EXPECT_EQ(list.Text(), "b");
@@ -67,7 +62,7 @@ struct ListForm : Form {
 TEST(ListBox, WritingTextSelectsTheFirstEqualRowOrNone) {
   ListForm form;
   ListBox& list = form.List;
-  Filled(list, {"one", "two", "one", "three"});
+  for (const char* row : {"one", "two", "one", "three"}) list.AddItem(row);
   list.SetText("one");
   EXPECT_EQ(list.ListIndex(), 0) << "of two equal rows the upper one wins";
   list.SetText("three");

@@ -44,20 +44,15 @@ class FileDrop : public ::testing::Test {
     };
   }
 
-  bool Enter(const QMimeData& data, QPoint at) {
-    QDragEnterEvent event(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  template <class Event>
+  bool Send(const QMimeData& data, QPoint at) {
+    Event event(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&host, &event);
     return event.isAccepted();
   }
-  bool Move(const QMimeData& data, QPoint at) {
-    QDragMoveEvent event(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&host, &event);
-    return event.isAccepted();
-  }
-  void Drop(const QMimeData& data, QPoint at) {
-    QDropEvent event(QPointF(at), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&host, &event);
-  }
+  bool Enter(const QMimeData& data, QPoint at) { return Send<QDragEnterEvent>(data, at); }
+  bool Move(const QMimeData& data, QPoint at) { return Send<QDragMoveEvent>(data, at); }
+  void Drop(const QMimeData& data, QPoint at) { Send<QDropEvent>(data, at); }
   static std::unique_ptr<QMimeData> Urls(const QList<QUrl>& urls) {
     auto data = std::make_unique<QMimeData>();
     data->setUrls(urls);
@@ -85,27 +80,22 @@ TEST_F(FileDrop, LocalFilesOnTheListReachTheModelInOrder) {
   EXPECT_DOUBLE_EQ(droppedY, 50 * 15 - 300);
 }
 
-TEST_F(FileDrop, AnythingButLocalFilesIsRefused) {
+TEST_F(FileDrop, AnythingButLocalFilesOnAControlThatTakesThemIsRefused) {
   const auto remote = Urls({QUrl::fromLocalFile("/m/a.mp3"), QUrl("https://example.org/b.mp3")});
   QMimeData text;
   text.setText("/m/a.mp3");
-  for (const QMimeData* data :
-       {static_cast<const QMimeData*>(remote.get()), static_cast<const QMimeData*>(&text)}) {
+  for (const QMimeData* data : {remote.get(), &text}) {
     EXPECT_FALSE(Enter(*data, {50, 50}));
     EXPECT_FALSE(Move(*data, {50, 50}));
     Drop(*data, {50, 50});
   }
-  EXPECT_EQ(drops, 0);
-}
-
-TEST_F(FileDrop, OnlyAControlThatTakesFilesGetsTheDrop) {
-  const auto data = Urls({QUrl::fromLocalFile("/m/a.mp3")});
-  EXPECT_TRUE(Enter(*data, {5, 5})) << "the window takes the drag; the place decides";
-  EXPECT_FALSE(Move(*data, {5, 5}));
-  Drop(*data, {5, 5});
+  const auto local = Urls({QUrl::fromLocalFile("/m/a.mp3")});
+  EXPECT_TRUE(Enter(*local, {5, 5})) << "the window takes the drag; the place decides";
+  EXPECT_FALSE(Move(*local, {5, 5}));
+  Drop(*local, {5, 5});
   list.AcceptsFiles = false;
-  EXPECT_FALSE(Enter(*data, {50, 50}));
-  Drop(*data, {50, 50});
+  EXPECT_FALSE(Enter(*local, {50, 50}));
+  Drop(*local, {50, 50});
   EXPECT_EQ(drops, 0);
 }
 

@@ -11,7 +11,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "support/ProgramFixture.h"
+#include "support/TempDir.h"
 
 namespace {
 
@@ -51,13 +51,16 @@ TEST(WriteFileAtomically, ADurableSaveFlushesItsBytesBeforeTheyBecomeTheFile) {
   EXPECT_TRUE(sizesAtFlush.empty()) << "a copy made again at every start is not flushed";
 }
 
-TEST(WriteFileAtomically, ReplacesTheFileWholeAndLeavesNothingElse) {
+TEST(WriteFileAtomically, ReplacesTheFileWholeAndReadsBackEveryByte) {
   test::TempDir dir;
   const std::string path = dir / "plst.data";
+  const std::string bytes("new\0\xFF bytes\r", 12);
   ASSERT_TRUE(WriteFileAtomically(path, "a much longer old content\r\n"));
-  ASSERT_TRUE(WriteFileAtomically(path, std::string("new\0bytes\r", 10)));
-  EXPECT_EQ(ReadWholeFile(path), std::string("new\0bytes\r", 10));
+  ASSERT_TRUE(WriteFileAtomically(path, bytes));
+  EXPECT_EQ(ReadWholeFile(path), bytes);
   EXPECT_EQ(Entries(dir.path()), std::vector<std::string>{"plst.data"});
+  EXPECT_EQ(ReadWholeFile(dir / "none.data"), std::nullopt);
+  EXPECT_EQ(ReadWholeFile(dir.path().string()), std::nullopt) << "a folder is no file";
 }
 
 TEST(WriteFileAtomically, ASaveThatCannotLandLeavesWhatWasThere) {
@@ -69,15 +72,6 @@ TEST(WriteFileAtomically, ASaveThatCannotLandLeavesWhatWasThere) {
   EXPECT_EQ(Entries(dir.path()), std::vector<std::string>{"top.data"}) << "no temporary file";
   // A folder that does not exist: nothing to write into.
   EXPECT_FALSE(WriteFileAtomically(dir / "missing/settings.ini", "x"));
-}
-
-TEST(ReadWholeFile, GivesEveryByteOrNothing) {
-  test::TempDir dir;
-  const std::string bytes("line\r\n\0\xFF tail", 13);
-  test::WriteBytes(dir / "f.data", bytes);
-  EXPECT_EQ(ReadWholeFile(dir / "f.data"), bytes);
-  EXPECT_EQ(ReadWholeFile(dir / "none.data"), std::nullopt);
-  EXPECT_EQ(ReadWholeFile(dir.path().string()), std::nullopt) << "a folder is no file";
 }
 
 }  // namespace

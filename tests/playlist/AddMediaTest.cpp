@@ -92,25 +92,20 @@ TEST_F(AddMedia, AFolderThatLostFilesSinceAnUnfinishedWalkEndsInsteadOfHoldingTh
   EXPECT_TRUE(Paths().empty());
 }
 
+// The same folder added twice stands twice.
 TEST_F(AddMedia, TheWalkTakesThePatternsEndingsDottedOrNotAndNothingLonger) {
   for (const char* file : {"xrmi", "movie3gp", "clip.M2V", "song.rmi", "a.mpe", ".mp3", "a.mpeg",
                            "tune.ogg", "b.mp3.txt", "mp3", "a.m4a"}) {
     Media(std::string("odd/") + file);
   }
   AddFolder(Root() + "/odd");
+  AddFolder(Root() + "/odd");
   Strings expected;
-  for (const char* file : {".mp3", "a.mpe", "a.mpeg", "clip.M2V", "movie3gp", "song.rmi", "xrmi"}) {
-    expected.push_back(Root() + "/odd/" + file);
+  for (int pass = 0; pass < 2; ++pass) {
+    for (const char* file : {".mp3", "a.mpe", "a.mpeg", "clip.M2V", "movie3gp", "song.rmi", "xrmi"})
+      expected.push_back(Root() + "/odd/" + file);
   }
   EXPECT_EQ(Paths(), expected);
-}
-
-TEST_F(AddMedia, TheSameFolderAddedTwiceStandsTwice) {
-  Media("twice/one.mp3");
-  Media("twice/two.mp3");
-  AddFolder(Root() + "/twice");
-  AddFolder(Root() + "/twice");
-  EXPECT_EQ(Titles(), (Strings{"one", "two", "one", "two"}));
 }
 
 TEST_F(AddMedia, CancelledDialogsChangeNothing) {
@@ -183,17 +178,22 @@ class Drop : public AddMedia {
   }
 };
 
-TEST_F(Drop, ThreeFilesOnRowZeroStandReversedBeforeTheOldFirstRow) {
+// Only media endings are taken, in any case, and titled by the file name: a
+// tag title mode does not reach dropped rows.
+TEST_F(Drop, FilesOnRowZeroStandReversedBeforeTheOldFirstRow) {
+  P().Options().Option19.Value = true;
+  const std::string tagged = Media("t.mp3", std::string(200, '\0') + TagBlock("Song", "Band"));
   // Through the list, as the host's drop arrives.
   auto& list = P().Playlist().PicList;
   ASSERT_TRUE(list.AcceptsFiles);
   ASSERT_TRUE(list.FilesDropped);
   EXPECT_EQ(PicList_OLEDragOver(true), 1);
   EXPECT_EQ(PicList_OLEDragOver(false), 0);
-  list.FilesDropped({"/d/1.mp3", "/d/2.mp3", "/d/3.mp3"}, 0);
-  EXPECT_EQ(Titles(), (Strings{"3", "2", "1", "a", "b", "c"}));
-  EXPECT_EQ(Paths(),
-            (Strings{"/d/3.mp3", "/d/2.mp3", "/d/1.mp3", "/m/a.mp3", "/m/b.mp3", "/m/c.mp3"}));
+  list.FilesDropped(
+      {"/d/1.mp3", "/d/notes.txt", "/d/song.ogg", "/d/LOUD.MP3", "/d/Clip.Divx", tagged}, 0);
+  EXPECT_EQ(Titles(), (Strings{"t", "Clip", "LOUD", "1", "a", "b", "c"}));
+  EXPECT_EQ(Paths(), (Strings{tagged, "/d/Clip.Divx", "/d/LOUD.MP3", "/d/1.mp3", "/m/a.mp3",
+                              "/m/b.mp3", "/m/c.mp3"}));
   EXPECT_EQ(JumpList(), (Strings{"a", "b", "c"})) << "a drop leaves the Jump list alone";
 }
 
@@ -214,19 +214,14 @@ TEST_F(Drop, AFolderAndAFileTogether) {
   EXPECT_EQ(Titles(), (Strings{"f", "a", "b", "c", "x", "y"}));
 }
 
-TEST_F(Drop, OnlyMediaEndingsAreTakenInAnyCaseAndTitledByTheFileName) {
-  P().Options().Option19.Value = true;  // a tag title mode does not reach dropped rows
-  const std::string tagged = Media("t.mp3", std::string(200, '\0') + TagBlock("Song", "Band"));
-  DropAt({"/d/LOUD.MP3", "/d/notes.txt", "/d/song.ogg", "/d/Clip.Divx", tagged}, 0);
-  EXPECT_EQ(Titles(), (Strings{"t", "Clip", "LOUD", "a", "b", "c"}));
-}
-
-TEST_F(Drop, OnAnEmptyPlaylistTheFilesStandReversed) {
+// Alone on an empty playlist a file leaves the drop row at -1.
+TEST_F(Drop, OneFileOnAnEmptyPlaylist) {
   P().DataForm().ListaCale.Clear();
   P().Playlist().PicList.Clear();
-  DropAt({"/d/1.mp3", "/d/2.mp3", "/d/3.mp3"}, 500);
-  EXPECT_EQ(Paths(), (Strings{"/d/3.mp3", "/d/2.mp3", "/d/1.mp3"}));
-  EXPECT_EQ(Titles(), (Strings{"3", "2", "1"}));
+  DropAt({"/d/1.mp3"}, 500);
+  EXPECT_EQ(Paths(), Strings{"/d/1.mp3"});
+  EXPECT_EQ(Titles(), Strings{"1"});
+  EXPECT_TRUE(desktop.messages.empty());
 }
 
 TEST_F(AddMedia, TheRowUnderThePointerIsTheShownRowPlusTopIndexAtMostTheLast) {

@@ -1,5 +1,5 @@
 // Titles made from paths, and the list operations that keep the playlist's
-// lists in step.
+// lists in step. The current song's title is checked with the plays.
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,6 @@
 #include "playlist/JumpForm.h"
 #include "playlist/Playlist.h"
 #include "support/ProgramFixture.h"
-#include "windows/Main.h"
 
 namespace yarvo {
 namespace {
@@ -45,20 +44,6 @@ class PlaylistLists : public test::ProgramFixture {
   Strings Paths() { return test::Rows(P().DataForm().ListaCale); }
 };
 
-TEST_F(PlaylistLists, ListNoCharAddsTitlesWithoutClearing) {
-  EXPECT_EQ(Titles(), (Strings{"a", "b", "c"}));
-  ListNoChar(P().Playlist().PicList, P().DataForm().ListaCale);
-  EXPECT_EQ(Titles().size(), 6u);
-}
-
-TEST_F(PlaylistLists, ATitleDroppedAtANegativeRowGoesInFirst) {
-  // A single file dropped on an empty playlist leaves the drop row at -1.
-  P().Playlist().L1.AddItem("/x/top.mp3");
-  P().DataForm().AddToIndex = "-1";
-  ListNoCharDragDrop(P().Playlist().PicList, P().Playlist().L1);
-  EXPECT_EQ(Titles(), (Strings{"top", "a", "b", "c"}));
-}
-
 TEST_F(PlaylistLists, StergeFisierRemovesTheSelectedRowFromBothLists) {
   SetJumpList();
   P().Playlist().PicList.Selected(1);
@@ -77,12 +62,6 @@ TEST_F(PlaylistLists, SetJumpListCopiesTheTitlesThroughTheFile) {
   SetJumpList();
   EXPECT_EQ(test::Rows(P().JumpForm().Lista), (Strings{"a", "b", "c", "trailing"}));
   EXPECT_EQ(test::ReadBytes(folder / "Data/playlist.data"), "a\r\nb\r\nc\r\ntrailing   \r\n");
-}
-
-TEST_F(PlaylistLists, ExtractFilenameTitlesTheCurrentSong) {
-  ExtractFilename("ignored", "/music/My Song.flac");
-  EXPECT_EQ(P().Main().Titlu.Caption.get(), "My Song");
-  EXPECT_EQ(P().Main().PiesaCurenta.Caption.get(), "My Song");
 }
 
 }  // namespace

@@ -66,13 +66,7 @@ TEST_F(Shortcuts, AllActionsOnOneKeyRunInIndexOrder) {
   EXPECT_EQ(Volume(), 90);
 }
 
-TEST_F(Shortcuts, JumpKeyShowsTheSearchWindow) {
-  Bind(0, 74);
-  Press(74);
-  EXPECT_TRUE(P().JumpForm().Visible.get());
-}
-
-TEST_F(Shortcuts, FullScreenBlocksMinimizeAndCloseButNotTheVolume) {
+TEST_F(Shortcuts, MinimizeAndCloseWorkOnlyOutsideFullScreen) {
   Bind(6, 77);
   Bind(7, 81);
   Bind(kVolumeUp, 38);
@@ -86,16 +80,12 @@ TEST_F(Shortcuts, FullScreenBlocksMinimizeAndCloseButNotTheVolume) {
     EXPECT_TRUE(P().Playlist().Visible.get());
     EXPECT_NO_THROW(Press(81)) << "close does not end the program";
     Press(38);
-    EXPECT_EQ(Volume(), 60);
+    EXPECT_EQ(Volume(), 60) << "the volume still answers";
   }
-  P().DataForm().FullScreenStat = "False";
-  int key = 81;
-  EXPECT_THROW(HandleShortcutKey(key), ProcessEnd) << "outside full screen close ends it";
-}
 
-TEST_F(Shortcuts, MinimizeHidesThePlaylistAndRecordsWhetherItShowed) {
-  Bind(6, 77);
+  P().DataForm().FullScreenStat = "False";
   P().Main().Titlu.Caption = "   Some song";
+  // Minimizing hides the playlist and records whether it showed.
   for (auto [playlistShows, showTitle, playlistOn, caption] :
        {std::tuple{true, 0, "1", "Yarvo Player        "}, {false, 1, "0", "   Some song"}}) {
     SCOPED_TRACE(caption);
@@ -108,6 +98,8 @@ TEST_F(Shortcuts, MinimizeHidesThePlaylistAndRecordsWhetherItShowed) {
     EXPECT_EQ(P().Main().Caption.get(), caption);
     EXPECT_FALSE(P().Playlist().Visible.get());
   }
+  int key = 81;
+  EXPECT_THROW(HandleShortcutKey(key), ProcessEnd) << "outside full screen close ends it";
 }
 
 TEST_F(Shortcuts, VolumeKeysStopAtTheEndsOfTheScale) {
@@ -130,17 +122,16 @@ TEST_F(Shortcuts, VolumeKeysStopAtTheEndsOfTheScale) {
   }
 }
 
-TEST_F(Shortcuts, AMissingFileLeavesEveryBoxAtZeroAndNoKeyFires) {
-  LoadKeyboardData();
+TEST_F(Shortcuts, TheFileFillsOnlyTheBoxesItHasRowsFor) {
+  // Start found no keyboard.data: every box stays as created, and no usual
+  // key may fire on the code 0 they hold.
   EXPECT_EQ(Boxes(), Strings(20, "0"));
   SetVolume(50);
   for (int key : {74, 13, 32, 83, 39, 37, 77, 81, 38, 40}) Press(key);
   EXPECT_EQ(Volume(), 50);
   EXPECT_FALSE(P().JumpForm().Visible.get());
   EXPECT_EQ(P().Main().WindowState.get(), WindowState::Normal);
-}
 
-TEST_F(Shortcuts, AShortFileFillsWhatItHas) {
   const Strings twelve{"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "a", "b"};
   Strings boxes = twelve;
   boxes.resize(20, "0");
@@ -150,7 +141,7 @@ TEST_F(Shortcuts, AShortFileFillsWhatItHas) {
   EXPECT_EQ(test::Rows(P().DataForm().KeyboardSettings), twelve) << "the list is the file";
 }
 
-TEST_F(Shortcuts, SaveWritesTheCodesThenTheTextsAndLoadReadsThemBack) {
+TEST_F(Shortcuts, SaveWritesTheCodesThenTheTexts) {
   const Strings expected{"100", "101", "102", "103", "104", "105", "106", "107", "108", "109",
                          "a",   "b",   "c",   "d",   "e",   "f",   "g",   "h",   "i",   "j"};
   for (int i = 0; i < 10; ++i) {
@@ -159,9 +150,6 @@ TEST_F(Shortcuts, SaveWritesTheCodesThenTheTextsAndLoadReadsThemBack) {
   }
   SaveKeyboardData();
   EXPECT_EQ(test::ReadBytes(KeyboardFile()), Lines(expected));
-  for (int i = 0; i < 10; ++i) P().Options().AsciBox(i).Text = "0";
-  LoadKeyboardData();
-  EXPECT_EQ(Boxes(), expected);
 }
 
 TEST_F(Shortcuts, TheShippedFileBindsTheUsualKeys) {
@@ -173,36 +161,27 @@ TEST_F(Shortcuts, TheShippedFileBindsTheUsualKeys) {
   SetVolume(50);
   Press(38);
   EXPECT_EQ(Volume(), 60) << "Up is louder";
+  Press(74);
+  EXPECT_TRUE(P().JumpForm().Visible.get()) << "J shows the search window";
 }
 
-struct Assignment {
-  const char* name;
-  const char* typed;  // the box's text at key-up
-  int key;
-  const char* shown;
-};
-
 TEST_F(Shortcuts, AssigningAKeyKeepsItsCharacterAndStoresItsCode) {
-  BindShortcutBoxes(P().Options());
   auto& box = P().Options().AsciBox(kVolumeUp);
-  for (const Assignment& c : {Assignment{"a letter typed in front of the old code", "k38", 75, "k"},
-                              Assignment{"a key that types nothing", "38", 39, "3"},
-                              Assignment{"a character of two bytes",
-                                         "\xC3\xA9"
-                                         "40",
-                                         50, "\xC3\xA9"},
-                              Assignment{"an empty box", "", 13, ""}}) {
-    SCOPED_TRACE(c.name);
+  // The box's text at key-up: a letter typed in front of the old code, a
+  // character of two bytes, nothing.
+  for (auto [typed, key, shown] :
+       {std::tuple{"k38", 75, "k"}, {"\u00E940", 50, "\u00E9"}, {"", 13, ""}}) {
+    SCOPED_TRACE(key);
     box.SelStart = 4;
     box.Click();
     EXPECT_EQ(box.SelStart.get(), 0) << "the caret goes to the start";
-    box.Text = c.typed;
-    int key = c.key;
-    box.KeyUp(key, 0);
-    EXPECT_EQ(P().Options().AsciText(kVolumeUp).Text.get(), c.shown);
-    EXPECT_EQ(box.Text.get(), std::to_string(c.key));
+    box.Text = typed;
+    int code = key;
+    box.KeyUp(code, 0);
+    EXPECT_EQ(P().Options().AsciText(kVolumeUp).Text.get(), shown);
+    EXPECT_EQ(box.Text.get(), std::to_string(key));
     SetVolume(50);
-    Press(c.key);
+    Press(key);
     EXPECT_EQ(Volume(), 60) << "the new key works at once";
   }
 }

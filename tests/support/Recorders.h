@@ -22,15 +22,13 @@ class RecordingDesktop final : public Desktop {
   void MsgBox(const std::string& prompt, const std::string& title) override;
   std::string GetOpenFileName(const OpenFileRequest& request) override;
   std::string BrowseForFolder(const std::string& title) override;
-  void OpenWebPage(const std::string& url) override { pages.push_back(url); }
+  void OpenWebPage(const std::string&) override {}
   TwipsSize ScreenSize() const override { return {1920 * 15, 1080 * 15}; }
-  void DoEvents() override { ++doEvents; }
+  void DoEvents() override {}
 
   std::vector<Message> messages;
   std::vector<OpenFileRequest> fileRequests;
   std::vector<std::string> folderTitles;
-  std::vector<std::string> pages;
-  int doEvents = 0;
   // What the next dialogs answer, in order; "" (cancel) when empty.
   std::deque<std::string> fileAnswers;
   std::deque<std::string> folderAnswers;

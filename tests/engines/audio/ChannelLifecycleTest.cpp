@@ -18,25 +18,36 @@ class ChannelLifecycleTest : public BassFixture {
 };
 
 // Streams and music are told apart by content, not by name; names are UTF-8.
-TEST_F(ChannelLifecycleTest, TrackerModuleIsMusicNotAStream) {
-  const auto path = dir_ / "m\xC3\xBAsica.mod";
-  writeModule(path);
-  EXPECT_EQ(openStream(path), 0u);
-  const HMUSIC music = loadMusic(path);
-  ASSERT_NE(music, 0u);
+TEST_F(ChannelLifecycleTest, TrackerModuleIsMusicAndStreamsAreNotWhateverTheirNames) {
+  const auto mod = dir_ / "m\xC3\xBAsica.mod";
+  writeModule(mod);
+  const auto wav = dir_ / "\xC8\x98tefan \xE2\x80\x93 c\xC3\xA2ntec.wav";  // "Ștefan – cântec"
+  writeWav(wav, sine(1000.0, 0.25, 1.0));
+  const auto mp3 = dir_ / "tone.mp3";
+  ASSERT_TRUE(ffmpegSine(mp3, "libmp3lame", 1.0));
+  std::filesystem::copy_file(mod, dir_ / "song.mp3");
+  std::filesystem::copy_file(wav, dir_ / "tone.mod");
+  for (const auto& path : {mod, dir_ / "song.mp3"}) {
+    SCOPED_TRACE(path);
+    EXPECT_EQ(openStream(path), 0u);
+    EXPECT_NE(loadMusic(path), 0u);
+  }
+  for (const auto& path : {wav, mp3, dir_ / "tone.mod"}) {
+    SCOPED_TRACE(path);
+    EXPECT_EQ(loadMusic(path), 0u);
+    EXPECT_NE(openStream(path), 0u);
+  }
   BASS_CHANNELINFO info{};
+  ASSERT_TRUE(BASS_ChannelGetInfo(openStream(wav), &info));
+  EXPECT_EQ(std::string(info.filename), wav.string());
+
+  const HMUSIC music = loadMusic(mod);
   ASSERT_TRUE(BASS_ChannelGetInfo(music, &info));
   EXPECT_EQ(info.ctype, BASS_CTYPE_MUSIC_MOD);
   EXPECT_EQ(info.chans, 2u);
   // 64 rows at speed 6 and 125 BPM: 7.68 s.
   EXPECT_NEAR(BASS_ChannelBytes2Seconds(music, BASS_ChannelGetLength(music, BASS_POS_BYTE)), 7.68,
               0.05);
-  // Named like an MP3 it is still no stream.
-  const auto renamed = dir_ / "song.mp3";
-  std::filesystem::copy_file(path, renamed);
-  EXPECT_EQ(openStream(renamed), 0u);
-  EXPECT_NE(loadMusic(renamed), 0u);
-
   ASSERT_TRUE(BASS_ChannelPlay(music, BASS_FALSE));
   const auto out = render(1.5);
   EXPECT_GT(rms(out, 4410, 44100), 0.01);
@@ -45,57 +56,34 @@ TEST_F(ChannelLifecycleTest, TrackerModuleIsMusicNotAStream) {
   EXPECT_GT(tone, 5.0 * toneAmplitude(out, 0, 1.5 * kModuleToneHz, 44100, 4410, 44100));
 }
 
-TEST_F(ChannelLifecycleTest, StreamsAreNotMusic) {
-  const auto path = dir_ / "\xC8\x98tefan \xE2\x80\x93 c\xC3\xA2ntec.wav";  // "Ștefan – cântec.wav"
-  writeWav(path, sine(1000.0, 0.25, 1.0));
-  EXPECT_EQ(loadMusic(path), 0u);
-  BASS_CHANNELINFO info{};
-  ASSERT_TRUE(BASS_ChannelGetInfo(openStream(path), &info));
-  EXPECT_EQ(std::string(info.filename), path.string());
-  const auto mp3 = dir_ / "tone.mp3";
-  ASSERT_TRUE(ffmpegSine(mp3, "libmp3lame", 1.0));
-  EXPECT_EQ(loadMusic(mp3), 0u);
-  // A WAV by another name is still a stream.
-  const auto renamed = dir_ / "tone.mod";
-  std::filesystem::copy_file(path, renamed);
-  EXPECT_NE(openStream(renamed), 0u);
-}
-
-struct BadFile {
-  const char* name;
-  std::vector<unsigned char> bytes;
-};
-
-std::vector<unsigned char> randomBytes(std::size_t n) {
-  std::mt19937 random(7);
-  std::vector<unsigned char> bytes(n);
-  for (auto& b : bytes) b = static_cast<unsigned char>(random());
-  return bytes;
-}
-
-std::vector<unsigned char> textOf(const std::string& s) { return {s.begin(), s.end()}; }
-
 TEST_F(ChannelLifecycleTest, CorruptOrEmptyFilesGiveNoHandle) {
-  const std::vector<BadFile> cases{
+  std::vector<unsigned char> noise(8192);
+  std::mt19937 random(7);
+  for (auto& b : noise) b = static_cast<unsigned char>(random());
+  const auto text = [](std::string_view s) {
+    return std::vector<unsigned char>(s.begin(), s.end());
+  };
+  const std::vector<std::pair<const char*, std::vector<unsigned char>>> cases{
       {"empty", {}},
-      {"random", randomBytes(8192)},
-      {"truncated_riff", textOf("RIFF\x24\x00\x00\x00WAVEfmt ")},
-      {"text", textOf("#EXTM3U\nsong.mp3\n")},
+      {"random", noise},
+      {"truncated_riff", text("RIFF\x24\x00\x00\x00WAVEfmt ")},
+      {"text", text("#EXTM3U\nsong.mp3\n")},
       {"mpeg_sync_once", {0xFF, 0xFB, 0x90, 0x64, 0, 0, 0, 0}},
   };
-  for (const BadFile& c : cases) {
-    SCOPED_TRACE(c.name);
-    const auto path = dir_ / c.name;
-    writeBytes(path, c.bytes);
-    EXPECT_EQ(openStream(path), 0u);
-    EXPECT_EQ(loadMusic(path), 0u);
+  for (const auto& [name, bytes] : cases) {
+    SCOPED_TRACE(name);
+    writeBytes(dir_ / name, bytes);
+    EXPECT_EQ(openStream(dir_ / name), 0u);
+    EXPECT_EQ(loadMusic(dir_ / name), 0u);
   }
   EXPECT_EQ(openStream(dir_ / "missing.mp3"), 0u);
   EXPECT_EQ(loadMusic(dir_ / "missing.mod"), 0u);
 }
 
-TEST_F(ChannelLifecycleTest, PausedChannelStaysActiveAndStandsStill) {
-  const HSTREAM stream = openTone();
+// Paused, a channel stays active and stands still; stopped, it is inactive
+// and goes on from where it stopped; ended, it plays again from the start.
+TEST_F(ChannelLifecycleTest, PausedStoppedAndEndedChannelsPlayOnAsTheyShould) {
+  const HSTREAM stream = openTone(2.0);
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   render(0.5);
   ASSERT_TRUE(BASS_ChannelPause(stream));
@@ -107,19 +95,13 @@ TEST_F(ChannelLifecycleTest, PausedChannelStaysActiveAndStandsStill) {
   EXPECT_EQ(peak(silence, 0, silence.size() / 2), 0.0);
   // The fade took about 5 ms, not more.
   EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, paused), 0.5, 0.01);
-
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   const auto resumed = render(0.5);
   EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_PLAYING);
   EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)),
               1.0, 0.01);
   EXPECT_NEAR(toneAmplitude(resumed, 0, 1000.0, 44100, 4410, 17640), 0.25, 0.01);
-}
 
-TEST_F(ChannelLifecycleTest, StoppedChannelIsInactiveAndResumesWhereItStopped) {
-  const HSTREAM stream = openTone();
-  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
-  render(0.5);
   ASSERT_TRUE(BASS_ChannelStop(stream));
   render(0.1);
   EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_STOPPED);
@@ -128,16 +110,14 @@ TEST_F(ChannelLifecycleTest, StoppedChannelIsInactiveAndResumesWhereItStopped) {
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   render(0.2);
   EXPECT_GT(BASS_ChannelGetPosition(stream, BASS_POS_BYTE), stopped);
-}
 
-TEST_F(ChannelLifecycleTest, EndedChannelIsInactiveAndPlaysAgainFromTheStart) {
-  const HSTREAM stream = openTone(0.5);
-  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   renderToEnd(stream, 2.0);
   EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_STOPPED);
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   const auto again = render(0.2);
   EXPECT_EQ(BASS_ChannelIsActive(stream), BASS_ACTIVE_PLAYING);
+  EXPECT_NEAR(BASS_ChannelBytes2Seconds(stream, BASS_ChannelGetPosition(stream, BASS_POS_BYTE)),
+              0.2, 0.01);
   EXPECT_NEAR(toneAmplitude(again, 0, 1000.0, 44100, 441, 4410), 0.25, 0.01);
 }
 
@@ -182,20 +162,16 @@ TEST_F(ChannelLifecycleTest, CallsOnDeadHandlesFailHarmlessly) {
   }
   EXPECT_EQ(BASS_ChannelIsActive(live), BASS_ACTIVE_PLAYING);
 
-  // Handles do not survive a new initialisation.
-  ASSERT_TRUE(BASS_Free());
-  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
-  EXPECT_EQ(BASS_ChannelIsActive(live), BASS_ACTIVE_STOPPED);
-  EXPECT_FALSE(BASS_ChannelPlay(live, BASS_FALSE));
-  EXPECT_FALSE(BASS_StreamFree(live));
-}
-
-TEST_F(ChannelLifecycleTest, InitTwiceFailsAndNothingOpensBeforeInit) {
+  // Handles do not survive a new initialisation; once is all it takes, and
+  // nothing opens without it.
   EXPECT_FALSE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
   ASSERT_TRUE(BASS_Free());
   EXPECT_FALSE(BASS_Free());
   EXPECT_EQ(openTone(), 0u);
   ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+  EXPECT_EQ(BASS_ChannelIsActive(live), BASS_ACTIVE_STOPPED);
+  EXPECT_FALSE(BASS_ChannelPlay(live, BASS_FALSE));
+  EXPECT_FALSE(BASS_StreamFree(live));
   EXPECT_NE(openTone(), 0u);
 }
 
@@ -234,26 +210,22 @@ TEST_F(IdleOutputTest, TheOutputRunsOnlyOnceSomethingPlays) {
 
 // A device that opens but will not start gives way to the silent output when
 // the first channel plays, and the song goes on at real-time pace.
-TEST(RefusedOutputTest, PlaybackFallsBackToTheSilentOutput) {
+TEST_F(ChannelLifecycleTest, ADeviceThatWillNotStartGivesWayToTheSilentOutput) {
   class RefusingOutput final : public AudioOutput {
    public:
     int rate() const noexcept override { return 44100; }
     bool start(AudioSource&) override { return false; }
     void stop() noexcept override {}
   };
+  BASS_Free();
   setOutputFactory([](int device, int rate) -> std::unique_ptr<AudioOutput> {
     if (device == 0) return std::make_unique<CaptureOutput>(rate, CaptureOutput::Pace::RealTime);
     return std::make_unique<RefusingOutput>();
   });
-  TempDir dir;
-  writeWav(dir / "tone.wav", sine(1000.0, 0.25, 3.0));
   ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
-  const HSTREAM stream =
-      BASS_StreamCreateFile(BASS_FALSE, (dir / "tone.wav").c_str(), 0, 0, BASS_SAMPLE_FX);
+  const HSTREAM stream = openTone();
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   EXPECT_NEAR(playbackSpeed(stream, std::chrono::milliseconds(300)), 1.0, 0.2);
-  BASS_Free();
-  setOutputFactory({});
 }
 
 // A program may end while a song plays, without BASS_Free: the output must

@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <numbers>
-#include <random>
 #include <stdexcept>
 
 namespace yarvo::audio::test {
@@ -49,20 +48,22 @@ void writeWav(const std::filesystem::path& path, const Signal& signal, bool asFl
   sf_close(file);
 }
 
-bool ffmpegSine(const std::filesystem::path& path, const std::string& codec, double seconds) {
-  const std::string command =
-      "ffmpeg -nostdin -hide_banner -loglevel error -y -f lavfi -i "
-      "sine=frequency=1000:sample_rate=44100 -t " +
-      std::to_string(seconds) + " -c:a " + codec + " '" + path.string() + "'";
+namespace {
+bool ffmpeg(const std::string& source, const std::string& codec,
+            const std::filesystem::path& path) {
+  const std::string command = "ffmpeg -nostdin -hide_banner -loglevel error -y -f lavfi -i " +
+                              source + " -c:a " + codec + " '" + path.string() + "'";
   return std::system(command.c_str()) == 0 && std::filesystem::exists(path);
+}
+}  // namespace
+
+bool ffmpegSine(const std::filesystem::path& path, const std::string& codec, double seconds) {
+  return ffmpeg("sine=frequency=1000:sample_rate=44100 -t " + std::to_string(seconds), codec, path);
 }
 
 bool ffmpegTwoTones(const std::filesystem::path& path, const std::string& codec) {
-  const std::string command =
-      "ffmpeg -nostdin -hide_banner -loglevel error -y -f lavfi -i "
-      "\"aevalsrc='if(lt(t,1),0.25*sin(2*PI*500*t),0.25*sin(2*PI*2000*t))':s=44100:d=2\" -c:a " +
-      codec + " '" + path.string() + "'";
-  return std::system(command.c_str()) == 0 && std::filesystem::exists(path);
+  return ffmpeg("\"aevalsrc='if(lt(t,1),0.25*sin(2*PI*500*t),0.25*sin(2*PI*2000*t))':s=44100:d=2\"",
+                codec, path);
 }
 
 void writeModule(const std::filesystem::path& path) {

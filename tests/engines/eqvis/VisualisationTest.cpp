@@ -4,12 +4,15 @@
 // picture is also written as a PNG beside this test's build files.
 
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <fstream>
 #include <set>
 #include <string>
+#include <vector>
 
-#include "PngFile.h"
 #include "RealLibraryFixture.h"
 #include "core/DataForm.h"
 #include "engines/Visualisation.h"
@@ -24,6 +27,51 @@ using audio::test::Signal;
 using audio::test::sine;
 using audio::test::stereo;
 using audio::test::writeWav;
+
+// Writes `image` as a PNG file (8-bit RGB, no interlace), each pixel a square
+// of `scale`, so that a small picture can be looked at.
+void WritePng(const std::filesystem::path& path, const Image& image, int scale) {
+  const auto put32 = [](std::vector<std::uint8_t>& out, std::uint32_t value) {
+    for (int shift = 24; shift >= 0; shift -= 8)
+      out.push_back(static_cast<std::uint8_t>(value >> shift));
+  };
+  std::vector<std::uint8_t> file = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+  // A chunk: length, type, data, and the CRC of type and data.
+  const auto chunk = [&](const char* type, const std::vector<std::uint8_t>& data) {
+    put32(file, static_cast<std::uint32_t>(data.size()));
+    const std::size_t typeAt = file.size();
+    file.insert(file.end(), type, type + 4);
+    file.insert(file.end(), data.begin(), data.end());
+    put32(file, static_cast<std::uint32_t>(
+                    crc32(0L, file.data() + typeAt, static_cast<uInt>(file.size() - typeAt))));
+  };
+  std::vector<std::uint8_t> header;
+  put32(header, static_cast<std::uint32_t>(image.width * scale));
+  put32(header, static_cast<std::uint32_t>(image.height * scale));
+  header.insert(header.end(), {8, 2, 0, 0, 0});  // 8 bits, RGB, deflate, filter 0, no interlace
+  // Rows of filter type 0 followed by RGB bytes.
+  std::vector<std::uint8_t> raw;
+  for (int y = 0; y < image.height * scale; ++y) {
+    raw.push_back(0);
+    for (int x = 0; x < image.width * scale; ++x) {
+      const std::uint32_t argb =
+          image.argb[static_cast<std::size_t>((y / scale) * image.width + x / scale)];
+      raw.insert(raw.end(),
+                 {static_cast<std::uint8_t>(argb >> 16), static_cast<std::uint8_t>(argb >> 8),
+                  static_cast<std::uint8_t>(argb)});
+    }
+  }
+  uLongf packedSize = compressBound(static_cast<uLong>(raw.size()));
+  std::vector<std::uint8_t> packed(packedSize);
+  ASSERT_EQ(compress(packed.data(), &packedSize, raw.data(), static_cast<uLong>(raw.size())), Z_OK);
+  packed.resize(packedSize);
+  chunk("IHDR", header);
+  chunk("IDAT", packed);
+  chunk("IEND", {});
+  std::ofstream out(path, std::ios::binary);
+  out.write(reinterpret_cast<const char*>(file.data()), static_cast<std::streamsize>(file.size()));
+  EXPECT_TRUE(out.good()) << "cannot write " << path;
+}
 
 // A tone centred on spectrum bin `bin` (2048 points at 44.1 kHz).
 double BinHz(int bin) { return bin * 44100.0 / 2048.0; }
@@ -88,7 +136,7 @@ class VisualisationTest : public test::RealLibraryFixture {
     ASSERT_NE(image, nullptr) << "the tick gave Main.Visualisation no picture";
     ASSERT_EQ(image->width, kSpecWidth);
     ASSERT_EQ(image->height, kSpecHeight);
-    test::WritePng(std::filesystem::path(EQVIS_PICTURE_DIR) / (name + ".png"), *image, 4);
+    WritePng(std::filesystem::path(EQVIS_PICTURE_DIR) / (name + ".png"), *image, 4);
   }
 
   Options& Opt() { return R().Options(); }
@@ -97,7 +145,7 @@ class VisualisationTest : public test::RealLibraryFixture {
   int files_ = 0;
 };
 
-TEST_F(VisualisationTest, WaveModeStandsItsTallestColumnOnTheTonesBin) {
+TEST_F(VisualisationTest, WaveModeStandsItsTallestColumnOnTheTonesBinInEitherWindow) {
   const auto& s = Draw(Opt().Option9, sine(BinHz(46), 0.1, 2.0));
   ASSERT_EQ(s.specMode, 0);
   int tallest = 0;
@@ -112,6 +160,24 @@ TEST_F(VisualisationTest, WaveModeStandsItsTallestColumnOnTheTonesBin) {
   EXPECT_LT(ColumnHeight(2 * tallest - 1), height) << "the smoothing column stands lower";
   EXPECT_EQ(ColumnHeight(20), 0) << "far from the tone nothing stands";
   SavePicture("spectrum-mode0-wave");
+
+  // In mini mode the picture goes to the mini window only.
+  auto& main = R().Main().Visualisation;
+  main.Picture = Picture();
+  R().DataForm().MiniMode = "True";
+  clock.Advance(25);
+  EXPECT_TRUE(main.Picture.get().Empty());
+  const Image* mini = R().MiniForm().Visualisation.Picture.get().Pixels();
+  ASSERT_NE(mini, nullptr);
+  EXPECT_EQ(mini->width, kSpecWidth);
+  // With the display off the tick stops its timer and clears the picture.
+  R().DataForm().MiniMode = "False";
+  clock.Advance(25);
+  ASSERT_FALSE(main.Picture.get().Empty());
+  Opt().Option5.Value = true;
+  clock.Advance(25);
+  EXPECT_TRUE(main.Picture.get().Empty());
+  EXPECT_FALSE(clock.Armed(R().frmBass().tmrSpectrum));
 }
 
 TEST_F(VisualisationTest, AnalyzerModeShowsA1kHzToneInBar15Of28) {
@@ -132,7 +198,10 @@ TEST_F(VisualisationTest, AnalyzerModeShowsA1kHzToneInBar15Of28) {
   SavePicture("spectrum-mode1-analyzer");
 }
 
+// A new stream starts at column 0, wherever the last one left off; at the
+// right edge the next column is column 0 again.
 TEST_F(VisualisationTest, WaveImageModeWritesOneColumnPerFrameAheadOfItsMarker) {
+  modSpectrum().specPos = 179;
   const auto& s = Draw(Opt().Option10, sine(BinHz(20), 0.1, 2.0), 3);
   ASSERT_EQ(s.specMode, 2);
   EXPECT_EQ(s.specPos, 3);
@@ -151,25 +220,15 @@ TEST_F(VisualisationTest, WaveImageModeWritesOneColumnPerFrameAheadOfItsMarker) 
     EXPECT_LT(Pixel(x, brightest), 255) << "a tenth of full scale stays below the cap";
   }
   SavePicture("spectrum-mode2-wave-image");
-}
 
-TEST_F(VisualisationTest, SpectrogramCarriesOnFromItsColumnAcrossTheEdge) {
   modSpectrum().specPos = 179;
-  Opt().Option11.Value = true;  // the oscilloscope keeps the mode set by hand
-  modSpectrum().specMode = 2;
-  const auto path = media_ / "tone.wav";
-  writeWav(path, sine(BinHz(20), 0.1, 2.0), true);
-  PlayFile(path);
-  EXPECT_EQ(modSpectrum().specPos, 0) << "a new stream starts at column 0";
-  modSpectrum().specPos = 179;
-  Render(0.5);
   clock.Advance(25);
   EXPECT_EQ(modSpectrum().specPos, 0);
   EXPECT_EQ(Pixel(0, 0), 255);
   EXPECT_GE(Pixel(179, 19), 200);
 }
 
-TEST_F(VisualisationTest, OscilloscopeDrawsOneLineForMonoAndTwoForStereo) {
+TEST_F(VisualisationTest, OscilloscopeDrawsOneLineForMonoAndTwoForStereoEachOnItsLevel) {
   const auto& mono = Draw(Opt().Option11, sine(441.0, 0.8, 2.0));
   ASSERT_EQ(mono.specMode, 3);
   EXPECT_EQ(Values(), (std::set<int>{0, 1}));
@@ -187,65 +246,17 @@ TEST_F(VisualisationTest, OscilloscopeDrawsOneLineForMonoAndTwoForStereo) {
     EXPECT_EQ(Pixel(x, 20), 127) << "the silent right channel, drawn last, is row 20 at " << x;
   }
   SavePicture("spectrum-mode3-stereo");
-}
 
-struct LevelCase {
-  double level;
-  int row;
-};
-
-class OscilloscopeLevel : public VisualisationTest,
-                          public ::testing::WithParamInterface<LevelCase> {};
-
-TEST_P(OscilloscopeLevel, AConstantLevelIsAFlatLineOnItsRow) {
-  Draw(Opt().Option11, Level(GetParam().level, 2.0));
-  for (int x = 0; x < kSpecWidth; ++x) {
-    for (int row = 0; row < kSpecHeight; ++row) {
-      ASSERT_EQ(Pixel(x, row), row == GetParam().row ? 1 : 0) << "x " << x << ", row " << row;
+  // A constant level is a flat line on its row, full scale on the edges.
+  for (const auto& [level, line] : {std::pair{0.0, 20}, {1.0, 0}, {-1.0, 39}, {0.5, 10}}) {
+    Draw(Opt().Option11, Level(level, 2.0));
+    for (int x = 0; x < kSpecWidth; ++x) {
+      for (int row = 0; row < kSpecHeight; ++row) {
+        ASSERT_EQ(Pixel(x, row), row == line ? 1 : 0)
+            << "level " << level << ", x " << x << ", row " << row;
+      }
     }
   }
-}
-
-INSTANTIATE_TEST_SUITE_P(Levels, OscilloscopeLevel,
-                         ::testing::Values(LevelCase{0.0, 20}, LevelCase{1.0, 0},
-                                           LevelCase{-1.0, 39}, LevelCase{0.5, 10}));
-
-TEST_F(VisualisationTest, ThePictureIsUpsideDownThroughTheSkinsPalette) {
-  UseSkin("10", "20", "30", "1.5", "0.25");
-  Draw(Opt().Option11, Level(1.0, 2.0));
-  const auto& palette = modSpectrum().palette;
-  EXPECT_EQ(palette[0].red, 10);
-  EXPECT_EQ(palette[0].green, 20);
-  EXPECT_EQ(palette[0].blue, 30);
-  EXPECT_EQ(palette[100].red, 55);
-  EXPECT_EQ(palette[100].green, 150);
-  EXPECT_EQ(palette[100].blue, 25);
-  EXPECT_EQ(palette[2].blue, 0) << "0.5 rounds to the even byte";
-  EXPECT_EQ(palette[6].blue, 2) << "1.5 rounds to the even byte";
-  const Image* image = R().Main().Visualisation.Picture.get().Pixels();
-  ASSERT_NE(image, nullptr);
-  // Row 0 of the buffer is the bottom line of the picture.
-  EXPECT_EQ(image->argb[0], 0xFF0A141Eu) << "the top line is empty: entry 0";
-  EXPECT_EQ(image->argb[static_cast<std::size_t>(39 * kSpecWidth)], 0xFFFD0200u)
-      << "the line of +1 at the bottom: entry 1 is 253, 1.5 -> 2, 0.25 -> 0";
-}
-
-TEST_F(VisualisationTest, InMiniModeThePictureGoesToTheMiniWindow) {
-  R().DataForm().MiniMode = "True";
-  Draw(Opt().Option9, sine(BinHz(46), 0.1, 2.0));
-  EXPECT_TRUE(R().Main().Visualisation.Picture.get().Empty());
-  const Image* image = R().MiniForm().Visualisation.Picture.get().Pixels();
-  ASSERT_NE(image, nullptr);
-  EXPECT_EQ(image->width, kSpecWidth);
-}
-
-TEST_F(VisualisationTest, WithTheDisplayOffTheTickStopsItsTimerAndClearsThePicture) {
-  Draw(Opt().Option9, sine(BinHz(46), 0.1, 2.0));
-  ASSERT_FALSE(R().Main().Visualisation.Picture.get().Empty());
-  Opt().Option5.Value = true;
-  clock.Advance(25);
-  EXPECT_TRUE(R().Main().Visualisation.Picture.get().Empty());
-  EXPECT_FALSE(clock.Armed(R().frmBass().tmrSpectrum));
 }
 
 TEST_F(VisualisationTest, NextModeWrapsFromTheOscilloscopeToWaveAndTurnsItsOptionOn) {
@@ -258,17 +269,13 @@ TEST_F(VisualisationTest, NextModeWrapsFromTheOscilloscopeToWaveAndTurnsItsOptio
   R().Main().Visualisation.DblClick();
   EXPECT_EQ(modSpectrum().specMode, 1);
   EXPECT_TRUE(Opt().Option8.Value.get());
-}
-
-TEST_F(VisualisationTest, TheModeOutlivesTheEngineForm) {
-  Opt().Option10.Value = true;
   R().frmBass().StopBass();
-  EXPECT_EQ(modSpectrum().specMode, 2);
+  EXPECT_EQ(modSpectrum().specMode, 1) << "the mode outlives the engine form";
 }
 
 // Rows missing, beyond a byte or no number leave their entries as they were:
-// black, in a fresh palette.
-TEST_F(VisualisationTest, SkinRowsThatGiveNoByteLeaveTheirEntriesAsTheyWere) {
+// black, in a fresh palette. Whole skin rows build every entry.
+TEST_F(VisualisationTest, TheSkinsRowsBuildThePaletteOfTheUpsideDownPicture) {
   R().DataForm().SkinValues.Clear();
   Draw(Opt().Option9, Level(0.0, 1.0));
   const auto& palette = modSpectrum().palette;
@@ -281,6 +288,20 @@ TEST_F(VisualisationTest, SkinRowsThatGiveNoByteLeaveTheirEntriesAsTheyWere) {
   EXPECT_EQ(palette[86].green, 0) << "258 is no byte";
   EXPECT_EQ(palette[86].red, 255 - 172);
   EXPECT_EQ(palette[50].blue, 0) << "a row that is no number";
+
+  UseSkin("10", "20", "30", "1.5", "0.25");
+  Draw(Opt().Option11, Level(1.0, 2.0));
+  EXPECT_EQ(palette[100].red, 55);
+  EXPECT_EQ(palette[100].green, 150);
+  EXPECT_EQ(palette[100].blue, 25);
+  EXPECT_EQ(palette[2].blue, 0) << "0.5 rounds to the even byte";
+  EXPECT_EQ(palette[6].blue, 2) << "1.5 rounds to the even byte";
+  const Image* image = R().Main().Visualisation.Picture.get().Pixels();
+  ASSERT_NE(image, nullptr);
+  // Row 0 of the buffer is the bottom line of the picture.
+  EXPECT_EQ(image->argb[0], 0xFF0A141Eu) << "the top line is empty: entry 0";
+  EXPECT_EQ(image->argb[static_cast<std::size_t>(39 * kSpecWidth)], 0xFFFD0200u)
+      << "the line of +1 at the bottom: entry 1 is 253, 1.5 -> 2, 0.25 -> 0";
 }
 
 }  // namespace

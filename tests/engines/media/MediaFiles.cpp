@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <string>
-#include <system_error>
 
 namespace yarvo::test {
 namespace {
@@ -22,11 +21,6 @@ const MediaFiles& MediaFiles::get() {
 }
 
 MediaFiles::MediaFiles() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "yarvo-media-XXXXXX").string();
-  if (::mkdtemp(pattern.data()) == nullptr) {
-    return;
-  }
-  folder_ = pattern;
   std::ofstream(broken()) << "This is plain text, not a movie.\n";
   ready_ = runFfmpeg(
                "-f lavfi -i testsrc=size=320x240:rate=25 -f lavfi -i sine=frequency=440 "
@@ -38,13 +32,6 @@ MediaFiles::MediaFiles() {
                "-f lavfi -i color=c=red:size=64x64:duration=0.04 -map 0:a -map 1:v "
                "-c:a flac -c:v png -frames:v 1 -disposition:v attached_pic",
                withCover());
-}
-
-MediaFiles::~MediaFiles() {
-  std::error_code ignored;
-  if (!folder_.empty()) {
-    std::filesystem::remove_all(folder_, ignored);
-  }
 }
 
 }  // namespace yarvo::test

@@ -7,61 +7,48 @@
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <tuple>
 
 #include "engines/media/MCore.h"
 #include "platform/ProfileIni.h"
+#include "support/TempDir.h"
 
 namespace yarvo {
 namespace {
 
 class ProfileIniTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    std::string pattern = (std::filesystem::temp_directory_path() / "yarvo-ini-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern;
-  }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-
-  std::filesystem::path file() const { return folder_ / "system.ini"; }
-
   void writeFile(const std::string& content) const {
     std::ofstream(file(), std::ios::binary) << content;
   }
-
   std::string readFile() const {
-    std::ifstream in(file(), std::ios::binary);
     std::stringstream text;
-    text << in.rdbuf();
+    text << std::ifstream(file(), std::ios::binary).rdbuf();
     return text.str();
   }
+  std::filesystem::path file() const { return folder_ / "system.ini"; }
 
-  std::filesystem::path folder_;
+  test::TempDir folder_;
 };
 
 TEST_F(ProfileIniTest, ReadsLikeThePrivateProfileCall) {
   writeFile(
-      "; drivers\r\n[boot]\r\nshell=explorer.exe\r\n\r\n[mci]\r\n  MPEGVideo = mciqtz.drv  "
-      "\r\nsequencer=\"mciseq.drv\"\r\n;avivideo=old.drv\r\nempty=\r\n[other]\r\navivideo=x\r\n");
+      "; drivers\r\n[boot]\r\nshell=explorer.exe\r\n\r\n[mci]\r\n  MPEGVideo = mciqtz.drv  \r\n"
+      "sequencer=\"mciseq.drv\"\r\n;avivideo=old.drv\r\nempty=\r\nlong=" +
+      std::string(400, 'v') + "\r\n[other]\r\navivideo=x\r\n");
   const ProfileIni ini(file());
-  struct Case {
-    const char* section;
-    const char* key;
-    const char* expected;
-  };
-  for (const Case& c :
-       {Case{"MCI", "MPEGVideo", "mciqtz.drv"}, Case{"mci", "mpegvideo", "mciqtz.drv"},
-        Case{"MCI", "sequencer", "mciseq.drv"}, Case{"MCI", "avivideo", "None"},
-        Case{"MCI", "empty", ""}, Case{"MCI", "shell", "None"},
-        Case{"boot", "shell", "explorer.exe"}, Case{"missing", "x", "None"}}) {
-    SCOPED_TRACE(std::string(c.section) + "/" + c.key);
-    EXPECT_EQ(ini.read(c.section, c.key, "None"), c.expected);
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"mci", "mpegvideo", "mciqtz.drv"},
+      {"MCI", "sequencer", "mciseq.drv"},
+      {"MCI", "avivideo", "None"},
+      {"MCI", "empty", ""},
+      {"MCI", "shell", "None"},
+      {"boot", "shell", "explorer.exe"},
+      {"missing", "x", "None"}};
+  for (const auto& [section, key, expected] : cases) {
+    EXPECT_EQ(ini.read(section, key, "None"), expected) << section << "/" << key;
   }
-}
-
-TEST_F(ProfileIniTest, LongValuesAreCutToTheBuffer) {
-  writeFile("[MCI]\nlong=" + std::string(400, 'v') + "\n");
-  EXPECT_EQ(ProfileIni(file()).read("MCI", "long", "None").size(), ProfileIni::kMaxValueLength);
+  EXPECT_EQ(ini.read("MCI", "long", "None").size(), ProfileIni::kMaxValueLength);
 }
 
 TEST_F(ProfileIniTest, WriteReplacesAddsAndCreates) {
@@ -73,13 +60,13 @@ TEST_F(ProfileIniTest, WriteReplacesAddsAndCreates) {
   EXPECT_EQ(readFile(),
             "[boot]\nshell=a\n\n[MCI]\nmpegvideo=mciqtz.drv\nsequencer=mciseq.drv\n\n[last]\nk=v\n"
             "\n[fresh]\nkey=value\n");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_),
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()),
                           std::filesystem::directory_iterator()),
             1);  // no temporary file is left beside it
 }
 
 TEST_F(ProfileIniTest, WriteMakesTheFolderUnlessAFileIsInTheWay) {
-  const ProfileIni deep(folder_ / "a" / "b" / "system.ini");
+  const ProfileIni deep(folder_.path() / "a" / "b" / "system.ini");
   ASSERT_TRUE(deep.write("MCI", "avivideo", "mciavi.drv"));
   EXPECT_EQ(deep.read("MCI", "AVIVideo", "None"), "mciavi.drv");
   writeFile("not a folder");
@@ -102,8 +89,8 @@ TEST_F(ProfileIniTest, MCoreDriverTableRoundTrip) {
 TEST_F(ProfileIniTest, DefaultPlaceFollowsXdgConfigHome) {
   const char* saved = std::getenv("XDG_CONFIG_HOME");
   const std::string previous = saved != nullptr ? saved : "";
-  ::setenv("XDG_CONFIG_HOME", folder_.c_str(), 1);
-  EXPECT_EQ(systemIniPath(), folder_ / "yarvo-player" / "system.ini");
+  ::setenv("XDG_CONFIG_HOME", folder_.path().c_str(), 1);
+  EXPECT_EQ(systemIniPath(), folder_.path() / "yarvo-player" / "system.ini");
   ::setenv("XDG_CONFIG_HOME", "relative/config", 1);
   const auto fromRelative = systemIniPath();
   ::unsetenv("XDG_CONFIG_HOME");
@@ -112,9 +99,7 @@ TEST_F(ProfileIniTest, DefaultPlaceFollowsXdgConfigHome) {
     EXPECT_EQ(systemIniPath(),
               std::filesystem::path(home) / ".config" / "yarvo-player" / "system.ini");
   }
-  if (saved != nullptr) {
-    ::setenv("XDG_CONFIG_HOME", previous.c_str(), 1);
-  }
+  if (saved != nullptr) ::setenv("XDG_CONFIG_HOME", previous.c_str(), 1);
 }
 
 }  // namespace

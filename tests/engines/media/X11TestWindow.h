@@ -13,10 +13,21 @@ class X11TestWindow {
   // nullptr when there is no X display.
   static std::unique_ptr<X11TestWindow> open(int width, int height);
 
-  virtual ~X11TestWindow() = default;
-  virtual NativeWindow id() const = 0;
+  X11TestWindow(const X11TestWindow&) = delete;
+  X11TestWindow& operator=(const X11TestWindow&) = delete;
+  ~X11TestWindow();
+
+  NativeWindow id() const { return window_; }
   // Points of a 10-pixel grid over the window whose colour is not black.
-  virtual int litPixels() const = 0;
+  int litPixels() const;
+
+ private:
+  X11TestWindow(void* display, int width, int height);
+
+  void* display_;  // an Xlib Display
+  int width_;
+  int height_;
+  NativeWindow window_ = 0;
 };
 
 }  // namespace yarvo::test

@@ -20,12 +20,10 @@ TEST(FixedText, NewFieldIsZeroBytesAndAssignPadsWithBlanks) {
   // fieldText converts but keeps the blank padding, unlike tagTitleText.
   year = "\xAAi";
   EXPECT_EQ(fieldText(year, CodePage::Cp1250), "Şi  ");
-}
-
-TEST(FixedText, WidthCountsBytesOfTheEightBitForm) {
+  // The width counts bytes of the 8-bit form: 31 letters are 62 bytes of UTF-8.
   FixedText<30> title;
   std::string thirtyOne;
-  for (int k = 0; k < 31; ++k) thirtyOne += "ă";  // 62 bytes of UTF-8, 31 bytes in Windows-1250
+  for (int k = 0; k < 31; ++k) thirtyOne += "ă";
   setFieldText(title, thirtyOne, CodePage::Cp1250);
   EXPECT_EQ(title.bytes(), std::string(30, '\xE3'));
 }

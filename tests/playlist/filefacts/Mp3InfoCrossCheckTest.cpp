@@ -6,8 +6,6 @@
 #include "playlist/Id3Tag.h"
 #include "playlist/Mp3InfoMod.h"
 
-#include "TempFolder.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -19,10 +17,10 @@
 #include <regex>
 #include <string>
 
+#include "support/TempDir.h"
+
 namespace yarvo {
 namespace {
-
-using test::TempFolder;
 
 std::string run(const std::string& command) {
   std::string out;
@@ -137,7 +135,7 @@ class Mp3InfoAgainstTools : public testing::TestWithParam<ToolCase> {
 
   std::filesystem::path encode(const ToolCase& c) const {
     const bool isMp2 = std::string(c.codec) == "mp2";
-    const auto file = dir_.path() / (std::string(c.name) + (isMp2 ? ".mp2" : ".mp3"));
+    const auto file = dir_ / (std::string(c.name) + (isMp2 ? ".mp2" : ".mp3"));
     const std::string command =
         "ffmpeg -nostdin -hide_banner -loglevel error -f lavfi -i sine=frequency=440:"
         "sample_rate=" +
@@ -156,7 +154,7 @@ class Mp3InfoAgainstTools : public testing::TestWithParam<ToolCase> {
     return file;
   }
 
-  TempFolder dir_;
+  test::TempDir dir_;
 };
 
 TEST_P(Mp3InfoAgainstTools, AgreesExceptWhereTheRulesDiffer) {
