@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
-#include <fstream>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -70,15 +69,19 @@ std::optional<std::vector<std::string>> readLines(const std::filesystem::path& f
   if (!std::filesystem::exists(file, error)) {
     return error ? std::nullopt : std::optional(lines);
   }
-  std::ifstream in(file, std::ios::binary);
-  if (!in) {
+  const auto bytes = ReadWholeFile(file);
+  if (!bytes) {
     return std::nullopt;
   }
-  for (std::string line; std::getline(in, line);) {
+  std::string_view rest = *bytes;
+  while (!rest.empty()) {
+    const auto end = std::min(rest.find('\n'), rest.size());
+    std::string_view line = rest.substr(0, end);
     if (!line.empty() && line.back() == '\r') {
-      line.pop_back();
+      line.remove_suffix(1);
     }
-    lines.push_back(std::move(line));
+    lines.emplace_back(line);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
   }
   return lines;
 }
