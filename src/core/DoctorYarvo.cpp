@@ -26,7 +26,8 @@ struct Head {
 
 Head ReadHead(const std::string& path) {
   Head head;
-  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  // Non-blocking, should the path have become a FIFO since it was looked at.
+  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (fd < 0) {
     head.error = errno;
     return head;
@@ -89,6 +90,11 @@ std::string DoctorYarvo::Diagnose(const std::string& path) {
     return quoted +
            " is a folder, not a file. Use \"Add folder\" to put the media it holds on the "
            "playlist.";
+  }
+  if (!fs::is_regular_file(status)) {
+    return quoted +
+           " is a pipe or a device, not a file. Yarvo Player plays media files and does not "
+           "read from pipes or devices.";
   }
   const Head head = ReadHead(path);
   if (head.error != 0) {

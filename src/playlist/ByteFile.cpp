@@ -8,6 +8,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/Files.h"
+
 namespace yarvo {
 namespace {
 
@@ -19,23 +21,10 @@ bool fitsOffset(std::uint64_t offset, std::size_t count) noexcept {
 }  // namespace
 
 std::optional<ByteFile> ByteFile::open(const std::string& path, Access access) noexcept {
-  // O_NONBLOCK keeps open() from waiting for a FIFO's writer; it changes
-  // nothing for the regular files that pass the check below.
-  const int flags =
-      (access == Access::Read ? O_RDONLY : O_RDWR) | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-  // A zero byte would end the name early and open some other file.
-  if (path.find('\0') != std::string::npos) return std::nullopt;
-  int fd = -1;
-  do {
-    fd = ::open(path.c_str(), flags);
-  } while (fd < 0 && errno == EINTR);
-  if (fd < 0) return std::nullopt;
+  FileDescriptor file = OpenRegularFile(path, access == Access::Read ? O_RDONLY : O_RDWR);
   struct stat st {};
-  if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode) || st.st_size < 0) {
-    ::close(fd);
-    return std::nullopt;
-  }
-  return ByteFile(fd, static_cast<std::uint64_t>(st.st_size));
+  if (!file || ::fstat(file.get(), &st) != 0 || st.st_size < 0) return std::nullopt;
+  return ByteFile(file.Release(), static_cast<std::uint64_t>(st.st_size));
 }
 
 ByteFile::ByteFile(ByteFile&& other) noexcept

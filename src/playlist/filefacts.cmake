@@ -1,6 +1,6 @@
 # Byte-level readers of what a file holds: ID3v1 tags and their code pages,
-# the genre table, the MPEG header reader and the text search. No Qt, no
-# other project library.
+# the genre table, the MPEG header reader and the text search. No Qt; of the
+# project, only the platform's file operations.
 add_library(yarvo_filefacts STATIC
   ${CMAKE_CURRENT_LIST_DIR}/ByteFile.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CBoyerMoore.cpp
@@ -10,4 +10,4 @@ add_library(yarvo_filefacts STATIC
   ${CMAKE_CURRENT_LIST_DIR}/Mp3InfoMod.cpp
 )
 yarvo_target(yarvo_filefacts)
-target_link_libraries(yarvo_filefacts PUBLIC yarvo_src_includes)
+target_link_libraries(yarvo_filefacts PUBLIC yarvo_src_includes yarvo_platform)

@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "platform/Files.h"
+
 namespace yarvo::audio {
 namespace {
 
@@ -19,12 +21,9 @@ ssize_t finish(std::size_t done, ssize_t last) noexcept {
 }  // namespace
 
 std::unique_ptr<BufferedFile> BufferedFile::open(const std::string& path) {
-  int fd = -1;
-  do {
-    fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  } while (fd < 0 && errno == EINTR);
-  if (fd < 0) return nullptr;
-  return std::unique_ptr<BufferedFile>(new BufferedFile(fd));
+  FileDescriptor file = OpenRegularFile(path, O_RDONLY);
+  if (!file) return nullptr;
+  return std::unique_ptr<BufferedFile>(new BufferedFile(file.Release()));
 }
 
 BufferedFile::BufferedFile(int fd)

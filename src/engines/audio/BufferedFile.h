@@ -14,7 +14,8 @@ namespace yarvo::audio {
 
 class BufferedFile {
  public:
-  // nullptr when the file cannot be opened for reading.
+  // nullptr when the file cannot be opened for reading or is not a regular
+  // file (see OpenRegularFile).
   static std::unique_ptr<BufferedFile> open(const std::string& path);
   ~BufferedFile();
   BufferedFile(const BufferedFile&) = delete;

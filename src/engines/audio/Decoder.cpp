@@ -1,11 +1,11 @@
 #include "engines/audio/Decoder.h"
 
+#include "engines/audio/BufferedFile.h"
 #include "engines/audio/MpegDecoder.h"
 #include "engines/audio/SndfileDecoder.h"
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <vector>
 
 namespace yarvo::audio {
@@ -16,16 +16,13 @@ constexpr std::size_t kSniffBytes = 16384;
 
 // The bytes where the audio would start: past an ID3v2 tag, however large.
 std::vector<std::uint8_t> audioHead(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return {};
+  const auto file = BufferedFile::open(path);
+  if (!file) return {};
   std::array<std::uint8_t, 10> tag{};
-  in.read(reinterpret_cast<char*>(tag.data()), tag.size());
-  const std::size_t skip = in.gcount() == 10 ? id3v2Size(tag) : 0;
-  in.clear();
-  in.seekg(static_cast<std::streamoff>(skip));
+  const std::size_t skip = file->read(tag.data(), tag.size()) == 10 ? id3v2Size(tag) : 0;
+  if (file->seek(static_cast<off_t>(skip), SEEK_SET) < 0) return {};
   std::vector<std::uint8_t> head(kSniffBytes);
-  in.read(reinterpret_cast<char*>(head.data()), static_cast<std::streamsize>(head.size()));
-  head.resize(static_cast<std::size_t>(in.gcount()));
+  head.resize(static_cast<std::size_t>(std::max<ssize_t>(0, file->read(head.data(), head.size()))));
   return head;
 }
 

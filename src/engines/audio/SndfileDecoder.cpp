@@ -2,7 +2,10 @@
 
 #include "engines/audio/Bass.h"
 
+#include <fcntl.h>
 #include <sndfile.h>
+
+#include "platform/Files.h"
 
 namespace yarvo::audio {
 namespace {
@@ -55,7 +58,9 @@ class SndfileDecoder final : public Decoder {
 
 std::unique_ptr<Decoder> openSndfileDecoder(const std::string& path) {
   SF_INFO info{};
-  SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
+  FileDescriptor fd = OpenRegularFile(path, O_RDONLY);
+  if (!fd) return nullptr;
+  SNDFILE* file = sf_open_fd(fd.Release(), SFM_READ, &info, SF_TRUE);
   if (file == nullptr) return nullptr;
   const bool usable = (info.format & SF_FORMAT_TYPEMASK) != SF_FORMAT_MPEG && info.frames > 0 &&
                       info.channels >= 1 && info.channels <= kMaxChannels && info.samplerate > 0;

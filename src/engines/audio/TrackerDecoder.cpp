@@ -2,13 +2,18 @@
 
 #include "engines/audio/Bass.h"
 
+#include <fcntl.h>
 #include <libopenmpt/libopenmpt.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <cmath>
 #include <cstring>
-#include <fstream>
 #include <iterator>
 #include <vector>
+
+#include "platform/Files.h"
 
 namespace yarvo::audio {
 namespace {
@@ -65,15 +70,19 @@ class TrackerDecoder final : public Decoder {
 };
 
 std::vector<char> readWhole(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return {};
-  in.seekg(0, std::ios::end);
-  const auto size = in.tellg();
-  if (size <= 0 || static_cast<std::size_t>(size) > kMaxModuleBytes) return {};
-  in.seekg(0);
-  std::vector<char> bytes(static_cast<std::size_t>(size));
-  in.read(bytes.data(), size);
-  if (!in) return {};
+  const FileDescriptor fd = OpenRegularFile(path, O_RDONLY);
+  struct stat info {};
+  if (!fd || ::fstat(fd.get(), &info) != 0 || info.st_size <= 0 ||
+      static_cast<std::uint64_t>(info.st_size) > kMaxModuleBytes)
+    return {};
+  std::vector<char> bytes(static_cast<std::size_t>(info.st_size));
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t n = ::read(fd.get(), bytes.data() + done, bytes.size() - done);
+    if (n < 0 && errno == EINTR) continue;
+    if (n <= 0) return {};
+    done += static_cast<std::size_t>(n);
+  }
   return bytes;
 }
 

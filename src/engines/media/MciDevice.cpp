@@ -1,13 +1,14 @@
 #include "engines/media/MciDevice.h"
 
+#include <fcntl.h>
+
 #include <cmath>
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
 
 #include "engines/media/MpvNames.h"
 #include "engines/media/MpvPlayer.h"
 #include "engines/media/X11Window.h"
+#include "platform/Files.h"
 
 namespace yarvo {
 namespace {
@@ -18,12 +19,13 @@ constexpr double kNormalSpeed = 1000.0;  // "status ... speed" of a media at its
 constexpr double kFullVolume = 1000.0;   // "setaudio ... volume to" at full strength
 constexpr double kVolumeScale = 10.0;    // our 0..1000 against mpv's 0..100
 
+// A path that names no regular file is refused as a missing one: mpv would
+// wait for ever on a FIFO that has no writer.
 bool isMissingFile(const std::string& path) {
   if (path.find("://") != std::string::npos) {
     return false;  // addresses are mpv's to judge
   }
-  std::error_code error;
-  return !std::filesystem::exists(path, error);
+  return !OpenRegularFile(path, O_RDONLY);
 }
 
 std::string trackField(std::int64_t index, const char* field) {
