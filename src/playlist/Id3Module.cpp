@@ -108,7 +108,16 @@ void FileNameToID3() {
       // A row whose tag repeats the title of the row retitled just before it
       // keeps its own text.
       if (names.artist.empty() || names.title.empty() || names.title == lastTitle) return;
-      picList.SetList(row, TagTitle(names));  // the row's text replaced in place
+      // The title takes the row's place: a row the titles lack (id3.data
+      // shorter than the playlist) is inserted, which at the end appends, and
+      // a row further on is dropped.
+      ResumeNext([&] {
+        if (row < picList.ListCount()) {
+          picList.SetList(row, TagTitle(names));
+        } else {
+          picList.AddItem(TagTitle(names), row);
+        }
+      });
       lastTitle = names.title;
     });
   }

@@ -76,6 +76,31 @@ TEST_F(TagTitles, ARowWhoseTagRepeatsTheTitleJustGivenKeepsItsText) {
   EXPECT_EQ(Titles(), (Strings{"Alfa - Same", "b", "Gama - Diff"}));
 }
 
+// At start in a tag title mode the rows come from id3.data and are then
+// retitled by row number: a row the file lacks is inserted, so that a missing
+// or short id3.data fills up while the tags allow, row by row.
+TEST_F(TagTitles, AtStartTheTagsFillTheRowsThatId3DataLacks) {
+  const Strings paths = {Tagged("a.mp3", "Alfa", "Ones"), Tagged("b.mp3", "Beta", "Twos"),
+                         folder / "untagged.mp3", Tagged("d.mp3", "Dora", "Four")};
+  std::string plst;
+  for (const auto& path : paths) plst += path + "\r\n";
+  test::WriteBytes(folder / "Data/plst.data", plst);
+  const std::string artistFirst = test::SettingsWith({{56, "main"}, {57, "False"}, {58, "True"}});
+
+  Restart(artistFirst);
+  // The untagged third row gives no title, so the fourth lies beyond the end.
+  EXPECT_EQ(Titles(), (Strings{"Alfa - Ones", "Beta - Twos"}));
+  EXPECT_EQ(test::Rows(P().JumpForm().Lista), Titles());
+
+  test::WriteBytes(folder / "Data/id3.data", "old one\r\n");
+  Restart(artistFirst);
+  EXPECT_EQ(Titles(), (Strings{"Alfa - Ones", "Beta - Twos"}));
+
+  test::WriteBytes(folder / "Data/id3.data", "old one\r\nold two\r\nold three\r\n");
+  Restart(artistFirst);
+  EXPECT_EQ(Titles(), (Strings{"Alfa - Ones", "Beta - Twos", "old three", "Dora - Four"}));
+}
+
 TEST_F(TagTitles, TheTagPageShowsATagAndTheRecordIsBlankedBehindIt) {
   const std::string path = Tagged("a.mp3", "Artist", "Song", 17);
   ShowId3Tag(path);
