@@ -1,5 +1,6 @@
 #include "PlayerProcess.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -15,7 +16,8 @@ namespace yarvo::test {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-pid_t Spawn(std::vector<std::string> args, std::vector<std::string> env) {
+pid_t Spawn(std::vector<std::string> args, std::vector<std::string> env,
+            const std::string& errorLog) {
   if (env.empty()) {
     for (char** e = environ; *e; ++e) env.emplace_back(*e);
   }
@@ -26,8 +28,15 @@ pid_t Spawn(std::vector<std::string> args, std::vector<std::string> env) {
     return list;
   };
   auto argv = pointers(args), envp = pointers(env);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  if (!errorLog.empty())
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, errorLog.c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0644);
   pid_t pid = -1;
-  return posix_spawnp(&pid, argv[0], nullptr, nullptr, argv.data(), envp.data()) == 0 ? pid : -1;
+  const int started = posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), envp.data());
+  posix_spawn_file_actions_destroy(&actions);
+  return started == 0 ? pid : -1;
 }
 
 ProgramFolder::ProgramFolder() {
@@ -40,7 +49,7 @@ ProgramFolder::ProgramFolder() {
 }
 
 Player::Player(const ProgramFolder& folder, const TempDir& home, std::vector<std::string> arguments,
-               const std::string& display) {
+               const std::string& display, const std::string& errorLog) {
   std::vector<std::string> env;
   for (char** e = environ; *e; ++e) {
     const std::string entry = *e;
@@ -51,11 +60,10 @@ Player::Player(const ProgramFolder& folder, const TempDir& home, std::vector<std
   env.push_back("XDG_RUNTIME_DIR=" + home.path().string());
   env.push_back("XDG_CONFIG_HOME=" + (home.path() / "config").string());
   env.push_back("PULSE_SERVER=unix:" + (home.path() / "no-sound-server").string());
-  env.push_back("ASAN_OPTIONS=detect_leaks=0");
   if (!display.empty()) env.push_back("DISPLAY=" + display);
   std::vector<std::string> args{folder.Exe()};
   args.insert(args.end(), arguments.begin(), arguments.end());
-  pid_ = Spawn(std::move(args), std::move(env));
+  pid_ = Spawn(std::move(args), std::move(env), errorLog);
 }
 
 Player::~Player() {
@@ -65,15 +73,15 @@ Player::~Player() {
   }
 }
 
-void Player::Close() {
+void Player::Signal(int signal) {
   const auto deadline = std::chrono::steady_clock::now() + kPatience;
-  while (!CatchesSigterm() && std::chrono::steady_clock::now() < deadline)
+  while (!Catches(signal) && std::chrono::steady_clock::now() < deadline)
     std::this_thread::sleep_for(10ms);
-  kill(pid_, SIGTERM);
+  kill(pid_, signal);
 }
 
-int Player::Wait() {
-  const auto deadline = std::chrono::steady_clock::now() + kPatience;
+int Player::Wait(std::chrono::seconds patience) {
+  const auto deadline = std::chrono::steady_clock::now() + patience;
   int status = 0;
   while (waitpid(pid_, &status, WNOHANG) == 0) {
     if (std::chrono::steady_clock::now() > deadline) return -2;
@@ -83,11 +91,11 @@ int Player::Wait() {
   return WIFEXITED(status) ? WEXITSTATUS(status) : -3;
 }
 
-bool Player::CatchesSigterm() const {
+bool Player::Catches(int signal) const {
   std::ifstream status("/proc/" + std::to_string(pid_) + "/status");
   for (std::string line; std::getline(status, line);) {
     if (line.rfind("SigCgt:", 0) == 0)
-      return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1)) & 1u;
+      return (std::stoull(line.substr(7), nullptr, 16) >> (signal - 1)) & 1u;
   }
   return false;
 }

@@ -2,6 +2,7 @@
 // The real executable run as a separate process: a program folder of its
 // own, a private runtime and configuration folder, no sound server.
 
+#include <signal.h>
 #include <sys/types.h>
 
 #include <chrono>
@@ -16,8 +17,10 @@ namespace yarvo::test {
 inline constexpr auto kPatience = std::chrono::seconds(60);
 
 // Starts `args`, the program looked up on PATH unless given as a path,
-// with `env` (this process's environment when empty); -1 when it cannot.
-pid_t Spawn(std::vector<std::string> args, std::vector<std::string> env = {});
+// with `env` (this process's environment when empty) and its standard error
+// to `errorLog` when given; -1 when it cannot.
+pid_t Spawn(std::vector<std::string> args, std::vector<std::string> env = {},
+            const std::string& errorLog = {});
 
 // The program folder is the folder of the executable: (a link to) the
 // binary and the shipped data in a fresh folder.
@@ -32,22 +35,26 @@ class ProgramFolder {
 };
 
 // One run of the player; without `display` it runs on the offscreen
-// platform. Killed if still running when the object goes.
+// platform. Its standard error goes to `errorLog` when given. Killed if
+// still running when the object goes.
 class Player {
  public:
   Player(const ProgramFolder& folder, const TempDir& home, std::vector<std::string> arguments = {},
-         const std::string& display = {});
+         const std::string& display = {}, const std::string& errorLog = {});
   ~Player();
   Player(const Player&) = delete;
   Player& operator=(const Player&) = delete;
 
   // Asks the player to close, as a session logout does, once it listens.
-  void Close();
-  // The exit status; -2 when it did not end in time.
-  int Wait();
+  void Close() { Signal(SIGTERM); }
+  // Sends `signal` once the player has installed its handlers.
+  void Signal(int signal);
+  // The exit status; -2 when it did not end within `patience`, -3 when a
+  // signal ended it.
+  int Wait(std::chrono::seconds patience = kPatience);
 
  private:
-  bool CatchesSigterm() const;
+  bool Catches(int signal) const;
 
   pid_t pid_ = -1;
   bool exited_ = false;

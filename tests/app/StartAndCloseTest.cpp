@@ -61,10 +61,8 @@ TEST(Executable, AnUnplayableFileOnTheCommandLineLeavesTheProgramRunning) {
 TEST(Executable, ASecondInstanceEndsAtOnceWhenOnlyOneMayRun) {
   ProgramFolder folder;
   TempDir home;
-  // 72 lines, empty but for one instance only and the main window.
-  std::string settings;
-  for (int line = 0; line < 72; ++line)
-    settings += std::string(line == 28 ? "0" : line == 56 ? "main" : "") + "\r\n";
+  // One instance only, and the main window.
+  const std::string settings = SettingsWith({{28, "0"}, {56, "main"}});
   WriteBytes(folder / "settings.ini", settings);
   Player first(folder, home);
   // The first has passed its instance check once it repairs the media

@@ -2,47 +2,19 @@
 // colours of the test pattern must appear inside the video panel.
 
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
 #include <thread>
 
 #include "PlayerProcess.h"
+#include "XServer.h"
 
 namespace yarvo {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-
-// An Xvfb server on a display number of its own, for the life of the object.
-struct XServer {
-  XServer() {
-    const std::string socket = "/tmp/.X11-unix/X" + display.substr(1);
-    pid = test::Spawn({"Xvfb", display, "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
-    const auto deadline = std::chrono::steady_clock::now() + 20s;
-    while (pid > 0 && !fs::exists(socket) && std::chrono::steady_clock::now() < deadline)
-      std::this_thread::sleep_for(20ms);
-    ready = pid > 0 && fs::exists(socket);
-  }
-  ~XServer() {
-    if (pid > 0) {
-      kill(pid, SIGTERM);
-      waitpid(pid, nullptr, 0);
-    }
-  }
-  XServer(const XServer&) = delete;
-  XServer& operator=(const XServer&) = delete;
-
-  const std::string display = ":" + std::to_string(80 + getpid() % 100);
-  pid_t pid = -1;
-  bool ready = false;
-};
 
 struct Rgb {
   int r, g, b;
@@ -90,8 +62,8 @@ int Count(const Screen& screen, Rgb colour, int left, int top, int width, int he
 }
 
 TEST(VideoWindow, ATestPatternShowsItsColoursInsideTheVideoPanel) {
-  XServer x;
-  if (!x.ready) GTEST_SKIP() << "no Xvfb on this machine";
+  test::XServer x;
+  if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
   test::ProgramFolder folder;
   test::TempDir home;
   const std::string video = folder / "bars.avi";
@@ -99,7 +71,7 @@ TEST(VideoWindow, ATestPatternShowsItsColoursInsideTheVideoPanel) {
       "ffmpeg -loglevel error -y -f lavfi -i smptebars=size=320x240:rate=25 -t 30 -c:v mpeg4 '" +
       video + "'";
   ASSERT_EQ(std::system(make.c_str()), 0);
-  test::Player player(folder, home, {video}, x.display);
+  test::Player player(folder, home, {video}, x.display());
 
   // Main at (2000, 1200) twips, the video panel at (120, 370) inside it and
   // 6100 - 1450 by 3530 - 700 twips, as the window lays out a first video.
@@ -109,7 +81,7 @@ TEST(VideoWindow, ATestPatternShowsItsColoursInsideTheVideoPanel) {
   bool seen = false;
   for (auto deadline = std::chrono::steady_clock::now() + test::kPatience;
        !seen && std::chrono::steady_clock::now() < deadline; std::this_thread::sleep_for(250ms)) {
-    const auto screen = Screenshot(x.display);
+    const auto screen = Screenshot(x.display());
     seen = Count(screen, yellow, left, top, width, height) > 500 &&
            Count(screen, cyan, left, top, width, height) > 500 &&
            Count(screen, magenta, left, top, width, height) > 500;

@@ -102,28 +102,20 @@ TEST_F(SettingsFile, ARestartRestoresEveryPreference) {
   EXPECT_EQ(P().DataForm().MiniMode.get(), "False");
 }
 
-std::string SettingsWith(std::initializer_list<std::pair<int, const char*>> values) {
-  Strings lines(72);
-  for (auto [line, text] : values) lines[static_cast<std::size_t>(line)] = text;
-  std::string bytes;
-  for (const auto& line : lines) bytes += line + "\r\n";
-  return bytes;
-}
-
 TEST_F(SettingsFile, BadOrShortLinesLeaveTheirTargetsAsCreated) {
   test::WriteBytes(folder / "settings.ini", "0.9\r\n[Main]\r\nleft?\r\n-100\r\n");
   Start();
   EXPECT_EQ(P().Main().Top.get(), 500) << "a negative top is brought back on screen";
   EXPECT_EQ(P().Main().Left.get(), 2000) << "a line that is no number is skipped";
   EXPECT_EQ(P().DataForm().MiniMode.get(), "True") << "the missing window line reads as empty";
-  Restart(SettingsWith({{56, "Main"}}));
+  Restart(test::SettingsWith({{56, "Main"}}));
   EXPECT_EQ(P().DataForm().MiniMode.get(), "True") << "the window line is compared exactly";
-  Restart(SettingsWith({{56, "main  "}}));
+  Restart(test::SettingsWith({{56, "main  "}}));
   EXPECT_EQ(P().DataForm().MiniMode.get(), "False") << "trailing blanks are cut on reading";
 }
 
 TEST_F(SettingsFile, TheSecondInstanceEndsAtTheInstanceLineWhenOnlyOneMayRun) {
-  const std::string bytes = SettingsWith({{27, "1"}, {28, "0"}, {45, "True"}, {56, "main"}});
+  const std::string bytes = test::SettingsWith({{27, "1"}, {28, "0"}, {45, "True"}, {56, "main"}});
   test::WriteBytes(folder / "settings.ini", bytes);
   process.anotherInstance = true;
   EXPECT_THROW(Start(), ProcessEnd);

@@ -27,6 +27,14 @@ std::string ReadBytes(const std::string& path) {
 
 std::vector<std::string> Rows(const StringList& list) { return list.Items(); }
 
+std::string SettingsWith(std::initializer_list<std::pair<int, const char*>> lines) {
+  std::vector<std::string> text(72);
+  for (auto [line, value] : lines) text.at(static_cast<std::size_t>(line)) = value;
+  std::string bytes;
+  for (const auto& line : text) bytes += line + "\r\n";
+  return bytes;
+}
+
 ProgramFixture::ProgramFixture() {
   std::filesystem::create_directories(folder.path() / "Data");
   std::filesystem::create_directories(folder.path() / "Playlists");

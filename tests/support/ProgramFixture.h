@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <initializer_list>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/Program.h"
@@ -24,6 +26,8 @@ namespace yarvo::test {
 void WriteBytes(const std::string& path, const std::string& bytes);
 std::string ReadBytes(const std::string& path);
 std::vector<std::string> Rows(const StringList& list);
+// A settings.ini of 72 lines, empty but for the given ones.
+std::string SettingsWith(std::initializer_list<std::pair<int, const char*>> lines);
 
 class ProgramFixture : public ::testing::Test {
  protected:

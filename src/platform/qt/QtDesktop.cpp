@@ -1,6 +1,7 @@
 #include "platform/qt/QtDesktop.h"
 
 #include "platform/qt/FormHost.h"
+#include "platform/qt/QtEvents.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -8,6 +9,8 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QUrl>
+
+#include <cstdio>
 
 namespace yarvo {
 
@@ -25,24 +28,50 @@ QString QtFilter(const OpenFileRequest& request) {
   return FromUtf8(request.filterDescription) + " (" + patterns.trimmed() + ")";
 }
 
+// Without a display (Qt's offscreen platform) a dialog could never be
+// answered: it would block the program for ever.
+bool NoOneToAsk() { return QGuiApplication::platformName() == "offscreen"; }
+
+// What a dialog would have asked, for the terminal the program was started from.
+void Tell(const std::string& title, const std::string& text) {
+  std::fprintf(stderr, "Yarvo Player: %s: %s\n", title.c_str(), text.c_str());
+}
+
 }  // namespace
 
 void QtDesktop::MsgBox(const std::string& prompt, const std::string& title) {
+  if (NoOneToAsk()) {
+    Tell(title, prompt);  // and the box's answer, its only button
+    return;
+  }
   QMessageBox box(QMessageBox::NoIcon, FromUtf8(title), FromUtf8(prompt), QMessageBox::Ok);
   box.exec();
+  QtEvents::EndIfEnded();
 }
 
 std::string QtDesktop::GetOpenFileName(const OpenFileRequest& request) {
+  if (NoOneToAsk()) {
+    Tell(request.title, "no display to choose a file on; cancelled");
+    return {};
+  }
   QFileDialog dialog(nullptr, FromUtf8(request.title), QString(), QtFilter(request));
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::ReadOnly, false);
   dialog.setDefaultSuffix(FromUtf8(request.defaultExtension));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  const bool chosen = dialog.exec() == QDialog::Accepted;
+  QtEvents::EndIfEnded();
+  if (!chosen || dialog.selectedFiles().isEmpty()) return {};
   return dialog.selectedFiles().first().toStdString();
 }
 
 std::string QtDesktop::BrowseForFolder(const std::string& title) {
-  return QFileDialog::getExistingDirectory(nullptr, FromUtf8(title)).toStdString();
+  if (NoOneToAsk()) {
+    Tell(title, "no display to choose a folder on; cancelled");
+    return {};
+  }
+  const QString folder = QFileDialog::getExistingDirectory(nullptr, FromUtf8(title));
+  QtEvents::EndIfEnded();
+  return folder.toStdString();
 }
 
 void QtDesktop::OpenWebPage(const std::string& url) {
@@ -55,6 +84,9 @@ TwipsSize QtDesktop::ScreenSize() const {
   return {size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel};
 }
 
-void QtDesktop::DoEvents() { QCoreApplication::processEvents(); }
+void QtDesktop::DoEvents() {
+  QCoreApplication::processEvents();
+  QtEvents::EndIfEnded();
+}
 
 }  // namespace yarvo

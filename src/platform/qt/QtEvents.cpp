@@ -9,7 +9,8 @@ namespace yarvo::QtEvents {
 
 namespace {
 bool ending = false;
-}
+int exitCode = 0;
+}  // namespace
 
 void Dispatch(const std::function<void()>& handler) {
   if (ending) return;
@@ -17,10 +18,17 @@ void Dispatch(const std::function<void()>& handler) {
     RunEvent(handler);
   } catch (const ProcessEnd& end) {
     ending = true;
+    exitCode = end.exitCode;
     QCoreApplication::exit(end.exitCode);
   }
 }
 
 bool Ending() { return ending; }
+
+int ExitCode() { return exitCode; }
+
+void EndIfEnded() {
+  if (ending) throw ProcessEnd{exitCode};
+}
 
 }  // namespace yarvo::QtEvents

@@ -7,10 +7,18 @@
 
 namespace yarvo::QtEvents {
 
-// Runs `handler` (see RunEvent). When the handler ends the process, the
-// event loop is told to quit with the exit code and later events are dropped.
+// Runs `handler` (see RunEvent). When the handler ends the process, every
+// running event loop is told to quit with the exit code and later events are
+// dropped.
 void Dispatch(const std::function<void()>& handler);
 
 bool Ending();
+int ExitCode();
+
+// Call after a nested event loop (a dialog, DoEvents) returns to the
+// program: when the program ended inside that loop, the end goes on
+// unwinding from here, so that nothing of the code that opened the loop
+// runs after the program's end.
+void EndIfEnded();
 
 }  // namespace yarvo::QtEvents

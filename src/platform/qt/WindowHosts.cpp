@@ -66,8 +66,9 @@ WindowHosts::~WindowHosts() {
 
 void WindowHosts::CatchTermination() {
   if (::pipe2(terminationPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
-  std::signal(SIGTERM, OnTermination);
-  std::signal(SIGINT, OnTermination);
+  // A hang-up (the terminal closed, a remote session dropped) is as polite a
+  // request to end as the others.
+  for (const int request : {SIGTERM, SIGINT, SIGHUP}) std::signal(request, OnTermination);
 }
 
 FormHost* WindowHosts::HostOf(const Form& form) const {

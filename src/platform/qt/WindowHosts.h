@@ -1,8 +1,9 @@
 #pragma once
 // Keeps one FormHost per loaded form and brings the windows in line with the
-// models after the program's events. Also turns a polite termination request
-// (SIGTERM, SIGINT) into a close of the main window, so a session logout or
-// Ctrl+C saves the program's state through its close route.
+// models after the program's events. Also turns a polite request to end
+// (SIGTERM, SIGINT, SIGHUP) into a close of the main window, so a session
+// logout, Ctrl+C or a closed terminal saves the program's state through its
+// close route.
 
 #include <QObject>
 #include <QSocketNotifier>

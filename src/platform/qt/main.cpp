@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,11 @@
 #include "core/form/RuntimeError.h"
 #include "engines/BassApi.h"
 #include "engines/media/MCore.h"
+#include "platform/Files.h"
 #include "platform/PosixProcess.h"
+#include "platform/ProfileIni.h"
 #include "platform/qt/QtDesktop.h"
+#include "platform/qt/QtEvents.h"
 #include "platform/qt/QtTimerScheduler.h"
 #include "platform/qt/QtWindowGeometry.h"
 #include "platform/qt/WindowHosts.h"
@@ -44,6 +48,19 @@ class GeometryInUse {
   GeometryInUse& operator=(const GeometryInUse&) = delete;
 };
 
+// Saves cut short by a crash or a kill leave their temporary files in the
+// folders the program writes to: the program folder, its folders of data,
+// and the media service's driver table.
+void RemoveLeftoverSavesOf(const std::string& programFolder) {
+  namespace fs = std::filesystem;
+  yarvo::RemoveLeftoverSaves(programFolder);
+  std::error_code error;
+  for (const auto& entry : fs::directory_iterator(programFolder, error)) {
+    if (entry.is_directory(error)) yarvo::RemoveLeftoverSaves(entry.path());
+  }
+  yarvo::RemoveLeftoverSaves(yarvo::systemIniPath().parent_path());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -57,6 +74,7 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
 
   yarvo::PosixProcess process(std::move(arguments));
+  RemoveLeftoverSavesOf(process.ProgramFolder());
   yarvo::QtTimerScheduler scheduler;
   yarvo::QtDesktop desktop;
   yarvo::ClockRandom random;
@@ -69,6 +87,9 @@ int main(int argc, char** argv) {
   } catch (const yarvo::ProcessEnd& end) {
     return end.exitCode;
   }
+  // The program may have ended inside a dialog of its start; the loop must
+  // not run after that.
+  if (yarvo::QtEvents::Ending()) return yarvo::QtEvents::ExitCode();
   hosts.Sync();
   return QApplication::exec();
 }

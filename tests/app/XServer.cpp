@@ -1,0 +1,81 @@
+#include "XServer.h"
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <thread>
+
+#include "PlayerProcess.h"
+
+// Last: Xlib's macros (None, Bool, Status) would clash with the headers above.
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+
+namespace yarvo::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+struct CloseDisplay {
+  void operator()(Display* display) const { XCloseDisplay(display); }
+};
+
+// The window's _NET_WM_WINDOW_TYPE, which toolkits set on their own windows
+// whether or not a window manager runs.
+Atom WindowType(Display* display, Window window) {
+  Atom type = None, actual = None;
+  int format = 0;
+  unsigned long count = 0, after = 0;
+  unsigned char* data = nullptr;
+  if (XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_WINDOW_TYPE", False), 0,
+                         1, False, XA_ATOM, &actual, &format, &count, &after, &data) == Success &&
+      data) {
+    if (count > 0 && format == 32) type = *reinterpret_cast<Atom*>(data);
+    XFree(data);
+  }
+  return type;
+}
+
+}  // namespace
+
+XServer::XServer() : display_(":" + std::to_string(80 + getpid() % 100)) {
+  const std::string socket = "/tmp/.X11-unix/X" + display_.substr(1);
+  pid_ = Spawn({"Xvfb", display_, "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
+  const auto deadline = std::chrono::steady_clock::now() + 20s;
+  while (pid_ > 0 && !std::filesystem::exists(socket) && std::chrono::steady_clock::now() < deadline)
+    std::this_thread::sleep_for(20ms);
+  ready_ = pid_ > 0 && std::filesystem::exists(socket);
+}
+
+XServer::~XServer() {
+  if (pid_ > 0) {
+    kill(pid_, SIGTERM);
+    waitpid(pid_, nullptr, 0);
+  }
+}
+
+bool XServer::DialogShown() const {
+  const std::unique_ptr<Display, CloseDisplay> display(XOpenDisplay(display_.c_str()));
+  if (!display) return false;
+  const Atom dialog = XInternAtom(display.get(), "_NET_WM_WINDOW_TYPE_DIALOG", False);
+  Window root = 0, parent = 0, *children = nullptr;
+  unsigned int count = 0;
+  if (!XQueryTree(display.get(), DefaultRootWindow(display.get()), &root, &parent, &children,
+                  &count))
+    return false;
+  bool shown = false;
+  for (unsigned int i = 0; i < count && !shown; ++i) {
+    XWindowAttributes attributes{};
+    shown = XGetWindowAttributes(display.get(), children[i], &attributes) &&
+            attributes.map_state == IsViewable && WindowType(display.get(), children[i]) == dialog;
+  }
+  if (children) XFree(children);
+  return shown;
+}
+
+}  // namespace yarvo::test
