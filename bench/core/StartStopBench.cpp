@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/ClsMain.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
 #include "support/BenchProgram.h"
 
 namespace {

@@ -16,8 +16,8 @@
 #include <vector>
 
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/Events.h"
+#include "director/Program.h"
 #include "engines/BassApi.h"
 #include "engines/Visualisation.h"
 #include "engines/frmBass.h"

@@ -9,8 +9,8 @@
 #include <memory>
 #include <string>
 
-#include "core/Program.h"
 #include "core/form/Events.h"
+#include "director/Program.h"
 #include "support/FakeBass.h"
 #include "support/ManualClock.h"
 #include "support/Recorders.h"

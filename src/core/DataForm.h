@@ -3,11 +3,11 @@
 // writes directly by name. Values are text: "True"/"False", "1"/"0", decimal
 // numbers; each reader compares or parses the text itself.
 
+#include "core/form/FileListBox.h"
 #include "core/form/Form.h"
 #include "core/form/Picture.h"
 #include "core/form/StringList.h"
 #include "core/form/TextBox.h"
-#include "playlist/FileListBox.h"
 
 namespace yarvo {
 

@@ -6,9 +6,9 @@
 
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
 #include "core/form/StringList.h"
+#include "director/Program.h"
 #include "engines/BassApi.h"
 #include "engines/frmBass.h"
 #include "settings/Options.h"

@@ -3,12 +3,12 @@
 #include <cmath>
 #include <filesystem>
 
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/TimeText.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "engines/BassApi.h"
 #include "engines/Visualisation.h"
 #include "platform/ProcessControl.h"

@@ -1,8 +1,8 @@
 // The engine form's part of the visualisation: its timer and the mode
 // switches. The drawing is modSpectrum's.
 
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/Program.h"
 #include "engines/Visualisation.h"
 #include "engines/frmBass.h"
 #include "settings/Options.h"

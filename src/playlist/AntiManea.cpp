@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
-#include "core/ClsMain.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "engines/frmBass.h"
 #include "platform/Desktop.h"
 #include "playlist/CBoyerMoore.h"

@@ -4,8 +4,8 @@
 
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/Program.h"
 #include "platform/Desktop.h"
 #include "playlist/DataClass.h"
 #include "playlist/JumpForm.h"

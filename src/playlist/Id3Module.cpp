@@ -1,8 +1,8 @@
 #include "playlist/Id3Module.h"
 
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/Program.h"
 #include "playlist/ClsPl.h"
 #include "playlist/MediaLibrary.h"
 #include "playlist/Playlist.h"

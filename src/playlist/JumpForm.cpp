@@ -1,9 +1,9 @@
 #include "playlist/JumpForm.h"
 
-#include "core/ClsMain.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "playlist/CBoyerMoore.h"
 #include "playlist/Playlist.h"
 #include "windows/Main.h"

@@ -1,9 +1,9 @@
 #include "playlist/Playlist.h"
 
-#include "core/ClsMain.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "playlist/AddMedia.h"
 #include "playlist/ClsPl.h"
 #include "playlist/Id3Module.h"

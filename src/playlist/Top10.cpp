@@ -2,12 +2,12 @@
 
 #include <cstdint>
 
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/RandomSource.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "playlist/DataClass.h"
 #include "playlist/MediaLibrary.h"
 #include "playlist/Playlist.h"

@@ -2,11 +2,11 @@
 
 #include <array>
 
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "engines/frmBass.h"
 #include "playlist/DataClass.h"
 #include "playlist/JumpForm.h"

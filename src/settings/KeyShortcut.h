@@ -3,7 +3,7 @@
 //
 // The bindings are the text boxes of the keyboard page of Options, read on
 // every key press: AsciBox(i) holds the key code of action i as decimal text
-// (a Windows virtual-key code, see platform/qt/VirtualKey.h), AsciText(i)
+// (a Windows virtual-key code, see host/VirtualKey.h), AsciText(i)
 // the character the key typed, for display. "0" binds nothing: no key has
 // code 0. Data/keyboard.data is their image, 20 lines: the ten codes, then
 // the ten display texts.

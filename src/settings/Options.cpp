@@ -1,8 +1,8 @@
 #include "settings/Options.h"
 
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/Program.h"
 #include "engines/frmBass.h"
 #include "playlist/ClsPl.h"
 #include "playlist/Id3Module.h"

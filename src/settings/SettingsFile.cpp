@@ -11,12 +11,12 @@
 #include <string>
 #include <vector>
 
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/Version.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "platform/ProcessControl.h"
 #include "playlist/DataClass.h"
 #include "playlist/MediaLibrary.h"

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "core/DataForm.h"
-#include "core/Program.h"
+#include "director/Program.h"
 #include "settings/Options.h"
 
 namespace yarvo {

@@ -1,10 +1,10 @@
 #include "windows/Main.h"
 
-#include "core/ClsMain.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/Version.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "engines/frmBass.h"
 #include "engines/media/MCore.h"
 #include "platform/Desktop.h"

@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/TimeText.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "engines/frmBass.h"
 #include "playlist/MediaLibrary.h"
 #include "playlist/Top10.h"

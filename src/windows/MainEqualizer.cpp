@@ -2,8 +2,8 @@
 // 10) whose values are the state, pushed into the audio engine's channel on
 // every move and at every start of a stream; and the on/off button.
 
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/Program.h"
 #include "engines/frmBass.h"
 #include "settings/Options.h"
 #include "windows/LoadPicture.h"

@@ -2,11 +2,11 @@
 // bar, the engines' timers leave its thumb alone; an audio file follows the
 // thumb live, a media-service file seeks when the bar is let go.
 
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "engines/BassApi.h"
 #include "engines/frmBass.h"
 #include "windows/Main.h"

@@ -1,11 +1,11 @@
 // Main around a video: the size mode, the resize limits, and the change
 // between mini mode and the full window when a video starts or ends.
 
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "settings/Options.h"
 #include "windows/Main.h"
 #include "windows/MiniForm.h"

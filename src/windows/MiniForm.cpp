@@ -1,7 +1,7 @@
 #include "windows/MiniForm.h"
 
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/Program.h"
 #include "settings/KeyShortcut.h"
 #include "windows/Main.h"
 

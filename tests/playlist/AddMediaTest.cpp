@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "core/DataForm.h"
+#include "core/form/FileListBox.h"
 #include "core/form/RuntimeError.h"
 #include "playlist/AddMedia.h"
 #include "playlist/ClsPl.h"
-#include "playlist/FileListBox.h"
 #include "playlist/JumpForm.h"
 #include "playlist/Playlist.h"
 #include "settings/Options.h"

@@ -7,9 +7,9 @@
 #include <tuple>
 #include <vector>
 
-#include "core/ClsMain.h"
 #include "core/DataForm.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
 #include "playlist/JumpForm.h"
 #include "playlist/Playlist.h"
 #include "settings/KeyShortcut.h"

@@ -5,10 +5,10 @@
 
 #include <memory>
 
-#include "core/ClsMain.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "playlist/DataClass.h"
 #include "playlist/MediaLibrary.h"
 #include "playlist/Playlist.h"

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/Program.h"
+#include "director/Program.h"
 #include "support/FakeBass.h"
 #include "support/ManualClock.h"
 #include "support/Recorders.h"

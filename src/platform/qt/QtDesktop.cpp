@@ -1,6 +1,6 @@
 #include "platform/qt/QtDesktop.h"
 
-#include "platform/qt/FormHost.h"
+#include "core/form/Twips.h"
 #include "platform/qt/QtEvents.h"
 
 #include <QApplication>

@@ -9,7 +9,7 @@
 
 #include "CaptureOutput.h"
 #include "TestSignals.h"
-#include "core/Program.h"
+#include "director/Program.h"
 #include "engines/BassApi.h"
 #include "engines/audio/AudioOutput.h"
 #include "engines/audio/Bass.h"

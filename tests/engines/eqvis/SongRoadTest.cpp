@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "RealLibraryFixture.h"
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
+#include "director/ClsMain.h"
 #include "playlist/ClsPl.h"
 #include "playlist/Playlist.h"
 #include "windows/Main.h"

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "core/DirectorFixture.h"
-#include "core/DoctorYarvo.h"
+#include "director/DirectorFixture.h"
+#include "director/DoctorYarvo.h"
 #include "engines/media/MciSendString.h"
 #include "playlist/MediaLibrary.h"
 

@@ -9,13 +9,13 @@
 #include <memory>
 #include <unordered_map>
 
+#include "core/form/Twips.h"
+
 namespace yarvo {
 
 class Form;
 class Control;
 class PictureBox;
-
-inline constexpr int kTwipsPerPixel = 15;
 
 class FormHost final : public QWidget {
  public:

@@ -2,11 +2,12 @@
 
 #include <cmath>
 
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "core/form/Twips.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "engines/media/MCore.h"
 #include "platform/Desktop.h"
 #include "windows/Main.h"
@@ -14,8 +15,6 @@
 namespace yarvo {
 
 namespace {
-
-constexpr int kTwipsPerPixel = 15;
 
 bool VideoLoaded() {
   const std::string& cx = program().Main().LbActualCx(0).Caption;

@@ -1,4 +1,4 @@
-#include "core/DoctorYarvo.h"
+#include "director/DoctorYarvo.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <string_view>
 
-#include "core/Program.h"
+#include "director/Program.h"
 #include "platform/Desktop.h"
 
 namespace yarvo {

@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <string_view>
 
-#include "core/ClsMain.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "engines/frmBass.h"
 #include "platform/ProcessControl.h"
 #include "playlist/ClsPl.h"

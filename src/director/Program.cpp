@@ -1,4 +1,4 @@
-#include "core/Program.h"
+#include "director/Program.h"
 
 #include <atomic>
 #include <cassert>

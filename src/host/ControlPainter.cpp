@@ -1,4 +1,4 @@
-#include "platform/qt/ControlPainter.h"
+#include "host/ControlPainter.h"
 
 #include <QPainter>
 
@@ -9,7 +9,7 @@
 #include "core/form/PictureBox.h"
 #include "core/form/Slider.h"
 #include "core/form/TextBox.h"
-#include "platform/qt/FormHost.h"
+#include "host/FormHost.h"
 
 namespace yarvo {
 

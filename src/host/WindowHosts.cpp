@@ -1,4 +1,4 @@
-#include "platform/qt/WindowHosts.h"
+#include "host/WindowHosts.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -7,10 +7,10 @@
 
 #include <csignal>
 
-#include "core/Program.h"
 #include "core/form/Form.h"
 #include "core/form/Property.h"
-#include "platform/qt/FormHost.h"
+#include "director/Program.h"
+#include "host/FormHost.h"
 #include "platform/qt/QtEvents.h"
 #include "windows/Main.h"
 

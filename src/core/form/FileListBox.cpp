@@ -1,4 +1,4 @@
-#include "playlist/FileListBox.h"
+#include "core/form/FileListBox.h"
 
 #include <algorithm>
 #include <filesystem>

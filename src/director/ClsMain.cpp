@@ -1,16 +1,16 @@
 // Starting, pausing and stopping a file, and the choice of its engine.
 
-#include "core/ClsMain.h"
+#include "director/ClsMain.h"
 
 #include <array>
 #include <string_view>
 
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/DoctorYarvo.h"
-#include "core/Program.h"
 #include "core/TimeText.h"
 #include "core/form/RuntimeError.h"
+#include "director/DoctorYarvo.h"
+#include "director/Program.h"
 #include "engines/frmBass.h"
 #include "engines/media/MCore.h"
 #include "engines/media/MciSendString.h"

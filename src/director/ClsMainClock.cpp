@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "engines/media/MCore.h"
 #include "playlist/MediaLibrary.h"
 #include "windows/Main.h"

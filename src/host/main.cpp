@@ -7,12 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "core/Program.h"
 #include "core/RandomSource.h"
 #include "core/form/Events.h"
 #include "core/form/RuntimeError.h"
+#include "director/Program.h"
 #include "engines/BassApi.h"
 #include "engines/media/MCore.h"
+#include "host/WindowHosts.h"
 #include "platform/Files.h"
 #include "platform/PosixProcess.h"
 #include "platform/ProfileIni.h"
@@ -20,7 +21,6 @@
 #include "platform/qt/QtEvents.h"
 #include "platform/qt/QtTimerScheduler.h"
 #include "platform/qt/QtWindowGeometry.h"
-#include "platform/qt/WindowHosts.h"
 #include "windows/Main.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/qt/FormHost.h"
+#include "host/FormHost.h"
 
 #include <QCloseEvent>
 #include <QDropEvent>
@@ -18,9 +18,9 @@
 #include "core/form/ListBox.h"
 #include "core/form/PictureBox.h"
 #include "core/form/Slider.h"
-#include "platform/qt/ControlPainter.h"
+#include "host/ControlPainter.h"
+#include "host/VirtualKey.h"
 #include "platform/qt/QtEvents.h"
-#include "platform/qt/VirtualKey.h"
 
 namespace yarvo {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/VirtualKey.h"
+#include "host/VirtualKey.h"
 
 #include <QKeyEvent>
 

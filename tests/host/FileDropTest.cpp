@@ -15,7 +15,7 @@
 
 #include "core/form/Form.h"
 #include "core/form/ListBox.h"
-#include "platform/qt/FormHost.h"
+#include "host/FormHost.h"
 
 namespace yarvo {
 namespace {

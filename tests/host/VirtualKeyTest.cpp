@@ -7,7 +7,7 @@
 
 #include <tuple>
 
-#include "platform/qt/VirtualKey.h"
+#include "host/VirtualKey.h"
 
 namespace yarvo {
 namespace {

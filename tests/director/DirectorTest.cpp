@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/DirectorFixture.h"
+#include "director/DirectorFixture.h"
 #include "playlist/MediaLibrary.h"
 
 namespace yarvo {

@@ -10,12 +10,12 @@
 
 #include <algorithm>
 
-#include "core/ClsMain.h"
 #include "core/Conversions.h"
 #include "core/DataForm.h"
-#include "core/Program.h"
 #include "core/RandomSource.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
+#include "director/Program.h"
 #include "engines/frmBass.h"
 #include "playlist/Playlist.h"
 #include "playlist/Top10.h"

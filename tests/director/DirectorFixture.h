@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "core/ClsMain.h"
 #include "core/DataForm.h"
+#include "director/ClsMain.h"
 #include "engines/frmBass.h"
 #include "playlist/ClsPl.h"
 #include "playlist/Playlist.h"
