@@ -120,7 +120,7 @@ void ClsMain::PlayWithMci() {
     ResumeNext([&] {
       const double fps = CDbl(library.LbFramesPerSecond(0).Caption.get());
       if (fps == 0) throw err::DivisionByZero();
-      main.SliderMoveMultimedia(0).Max =
+      main.SliderMoveMultimedia(0).max =
           static_cast<int>(CDbl(library.LbTotalFrames(0).Caption.get()) / (2 * fps));
     });
     ResumeNext([&] { main.TimerMisc(0).Enabled = true; });
@@ -228,11 +228,11 @@ void ClsMain::SStop() {
   auto& slider = main.SliderMoveMultimedia(0);
   if (p.frmBass().BassON == "True") {
     p.frmBass().StopBass();
-    slider.Value = 0;
+    slider.value = 0;
     return;
   }
   ShowMciResult(MciStop(mciAlias));
-  slider.Value = 0;
+  slider.value = 0;
   mciResult = MciClose(mciAlias);
   ShowMciResult(mciResult);
   if (p.DataForm().FullScreenStat == "True") SwitchToFullScreen();
@@ -244,7 +244,7 @@ void ClsMain::SStop() {
         &main.LbActualCy(0), &main.LbCurrentCx(0), &main.LbCurrentCy(0), &main.LbCurrentRate(0)}) {
     label->Caption = "";
   }
-  slider.Value = 0;
+  slider.value = 0;
   main.TimeCounter.Enabled = false;
 }
 

@@ -37,7 +37,7 @@ void ClsMain::TimerMixF() {
   ResumeNext([&] { percent = MciPercent(mciAlias); });
   ResumeNext([&] {
     if (percent != -1) {
-      main.SliderMoveMultimedia(0).Value =
+      main.SliderMoveMultimedia(0).value =
           static_cast<int>(CDbl(main.LbCurrPos(0).Caption.get()) / (2 * FramesPerSecond()));
     }
   });
@@ -51,12 +51,12 @@ void ClsMain::TimerMixF() {
 // One step of the seek bar is two seconds of the media.
 void ClsMain::SliderMultimediaChange() {
   auto& main = program().Main();
-  const double position = 2 * FramesPerSecond() * main.SliderMoveMultimedia(0).Value;
+  const double position = 2 * FramesPerSecond() * main.SliderMoveMultimedia(0).value;
   ShowMciResult(MciSeekPlay(mciAlias, static_cast<std::int32_t>(std::lround(position))));
 }
 
 void ClsMain::ChangeVolume() {
-  const auto volume = static_cast<std::int32_t>(std::lround(program().Main().Volum.Value * 1.0));
+  const auto volume = static_cast<std::int32_t>(std::lround(program().Main().Volum.value * 1.0));
   ShowMciResult(MciSetVolume(mciAlias, "all", volume));
 }
 

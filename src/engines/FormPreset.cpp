@@ -66,7 +66,7 @@ void FormPreset::ListaPreset_Click() {
   for (int i = 0; i < kBands; ++i) {
     ResumeNext([&] {
       ValoriPreset.SetListIndex(ValoriPreset.ListIndex() + 1);
-      main.sldEQR(i).Value = CInt(ValoriPreset.Text());
+      main.sldEQR(i).value = CInt(ValoriPreset.Text());
     });
   }
   main.UpdateEqualizer();
@@ -76,7 +76,7 @@ void FormPreset::Command1_Click() {
   if (NumePreset.Visible) {
     auto& main = program().Main();
     ValoriPreset.AddItem(NumePreset.Text);
-    for (int i = 0; i < kBands; ++i) ValoriPreset.AddItem(Str(main.sldEQR(i).Value));
+    for (int i = 0; i < kBands; ++i) ValoriPreset.AddItem(Str(main.sldEQR(i).value));
     SalveazaData(PresetFile(), ValoriPreset);
   }
   program().UnloadFormPreset();

@@ -126,7 +126,7 @@ void frmBass::StopBass() {
 
 void frmBass::VolumBass() {
   ResumeNext([] {
-    const auto volume = std::lround(program().Main().Volum.Value * 100.0);
+    const auto volume = std::lround(program().Main().Volum.value * 100.0);
     Bass().BASS_SetConfig(BASS_CONFIG_GVOL_STREAM, static_cast<DWORD>(volume));
   });
 }
@@ -134,7 +134,7 @@ void frmBass::VolumBass() {
 void frmBass::UpdateFX(int b) {
   ResumeNext([&] {
     const auto& slider = program().Main().sldEQR(b);
-    const long v = std::lround(slider.Value / 5.0);
+    const long v = std::lround(slider.value / 5.0);
     const bool on = program().Options().Option12.Value;
     const HFX effect = fx.at(static_cast<std::size_t>(b));
     if (b < 10) {
@@ -155,7 +155,7 @@ void frmBass::MoveScollEq(int b) {
   ResumeNext([&] {
     auto& slider = program().Main().sldEQR(b);
     const bool on = program().Options().Option12.Value;
-    const int shown = b < 10 ? (on ? 50 - slider.Value : 0) : (on ? 100 - slider.Value : 50);
+    const int shown = b < 10 ? (on ? 50 - slider.value : 0) : (on ? 100 - slider.value : 50);
     slider.ToolTipText = std::to_string(shown);
   });
   UpdateFX(b);
@@ -182,7 +182,7 @@ void frmBass::Timer1_Timer() {
       [&] { StreamLength = Str(double(Bass().BASS_ChannelGetLength(Channel(), BASS_POS_BYTE))); });
   ResumeNext([&] {
     if (Scrolling == "False") {
-      main.SliderMoveMultimedia(0).Value =
+      main.SliderMoveMultimedia(0).value =
           static_cast<int>(CDbl(Pozitie.get()) / kBytesPerSliderStep);
     }
   });
@@ -240,7 +240,7 @@ void frmBass::StreamLength_Change() {
   const std::string row = p.Playlist().PicList.Text();
   ResumeNext([&] { main.TimerMisc(0).Enabled = false; });
   ResumeNext([&] {
-    main.SliderMoveMultimedia(0).Max =
+    main.SliderMoveMultimedia(0).max =
         static_cast<int>(CDbl(StreamLength.get()) / kBytesPerSliderStep);
   });
   ResumeNext([&] { p.MediaLibrary().LbCurrentTime(0).Caption = "0"; });

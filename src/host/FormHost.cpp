@@ -1,7 +1,9 @@
 #include "host/FormHost.h"
 
 #include <QCloseEvent>
+#include <QCursor>
 #include <QDropEvent>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -9,16 +11,17 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <ranges>
 #include <string>
 #include <vector>
 
-#include "core/form/Form.h"
 #include "core/form/ListBox.h"
 #include "core/form/PictureBox.h"
-#include "core/form/Slider.h"
 #include "host/ControlPainter.h"
+#include "host/PicturePainter.h"
+#include "host/SystemColours.h"
 #include "host/VirtualKey.h"
 #include "platform/qt/QtEvents.h"
 
@@ -27,6 +30,9 @@ namespace yarvo {
 namespace {
 
 constexpr const char* kProgramName = "Yarvo Player";
+constexpr int kHitCaption = 2;
+constexpr int kHitBottomRight = 17;
+constexpr int kEdgeBottomRight = 8;
 
 QString WindowTitle(const std::string& caption) {
   QString title = QString::fromStdString(caption);
@@ -37,14 +43,21 @@ QString WindowTitle(const std::string& caption) {
 
 int ToTwips(int pixels) { return pixels * kTwipsPerPixel; }
 
-MouseEvent ToMouseEvent(const QMouseEvent& event, const Control* control) {
+MouseButton ToButton(Qt::MouseButtons buttons) {
+  if (buttons & Qt::LeftButton) return MouseButton::Left;
+  if (buttons & Qt::RightButton) return MouseButton::Right;
+  if (buttons & Qt::MiddleButton) return MouseButton::Middle;
+  return MouseButton::None;
+}
+
+// x and y in twips from the control's corner, or the window's without one.
+MouseEvent ToMouseEvent(const QPoint& at, MouseButton button, Qt::KeyboardModifiers modifiers,
+                        const Control* control) {
   MouseEvent out;
-  out.button = event.button() == Qt::RightButton    ? MouseButton::Right
-               : event.button() == Qt::MiddleButton ? MouseButton::Middle
-                                                    : MouseButton::Left;
-  out.shift = ShiftState(event.modifiers());
-  out.x = ToTwips(event.position().toPoint().x()) - (control ? control->Left.get() : 0);
-  out.y = ToTwips(event.position().toPoint().y()) - (control ? control->Top.get() : 0);
+  out.button = button;
+  out.shift = ShiftState(modifiers);
+  out.x = ToTwips(at.x()) - (control ? control->FormLeft() : 0);
+  out.y = ToTwips(at.y()) - (control ? control->FormTop() : 0);
   return out;
 }
 
@@ -61,11 +74,52 @@ std::optional<std::vector<std::string>> LocalFiles(const QMimeData* data) {
   return paths;
 }
 
+// A rounded rectangle as a one-bit region, row by row, the same at all four
+// corners.
+QRegion RoundedRegion(const WindowRegion& shape) {
+  const int r = std::min({shape.radius, shape.width / 2, shape.height / 2});
+  QRegion region(r, 0, shape.width - 2 * r, shape.height);
+  for (int y = 0; y < r; ++y) {
+    const double dy = r - y - 0.5;
+    const int inset = static_cast<int>(std::lround(r - std::sqrt(double(r) * r - dy * dy)));
+    const int width = shape.width - 2 * inset;
+    region += QRect(inset, y, width, 1);
+    region += QRect(inset, shape.height - 1 - y, width, 1);
+  }
+  region += QRect(0, r, shape.width, shape.height - 2 * r);
+  return region;
+}
+
+// The part of the window a control may paint in: its own rectangle inside
+// every container's.
+QRect VisibleRect(const Control& control) {
+  QRect rect = WindowRect(control);
+  for (const Control* c = control.Container(); c; c = c->Container()) rect &= WindowRect(*c);
+  return rect;
+}
+
+Qt::CursorShape CursorShape(int pointer) {
+  switch (pointer) {
+    case 2:
+      return Qt::CrossCursor;
+    case 8:
+      return Qt::SizeFDiagCursor;
+    default:
+      return Qt::ArrowCursor;
+  }
+}
+
+ScreenRect ToScreenRect(const QRect& r) {
+  return {r.left(), r.top(), r.left() + r.width(), r.top() + r.height()};
+}
+
 }  // namespace
 
 FormHost::FormHost(Form& form) : form_(form) {
+  setWindowFlag(Qt::FramelessWindowHint);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAcceptDrops(true);
+  setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   // Made before the form's Load runs: the window exists (and its video
   // surfaces have native windows) but shows only at the first Sync.
@@ -84,18 +138,43 @@ void FormHost::SyncWindow() {
   if (geometry() != wanted) setGeometry(wanted);
   const bool onTop = windowFlags().testFlag(Qt::WindowStaysOnTopHint);
   if (onTop != form_.AlwaysOnTop.get()) setWindowFlag(Qt::WindowStaysOnTopHint, form_.AlwaysOnTop);
+  SyncShape();
+}
+
+void FormHost::SyncShape() {
+  const WindowRegion& shape = form_.Region;
+  if (shape.width <= 0 || shape.height <= 0) {
+    clearMask();
+  } else {
+    setMask(RoundedRegion(shape));
+  }
 }
 
 void FormHost::Sync() {
   syncing_ = true;
-  SyncWindow();
+  const Form::Changes changes = form_.TakeChanges();
+  if (changes.window) SyncWindow();
   if (isVisible() != form_.Visible.get()) setVisible(form_.Visible);
   const bool minimized = form_.WindowState == WindowState::Minimized;
   if (isMinimized() != minimized)
     setWindowState(minimized ? Qt::WindowMinimized : Qt::WindowNoState);
   SyncSurfaces();
-  update();
+  Repaint(changes);
   syncing_ = false;
+}
+
+void FormHost::Repaint(const Form::Changes& changes) {
+  if (changes.window) {
+    drawn_.clear();
+    update();
+    return;
+  }
+  for (const Control* control : changes.controls) {
+    const QRect now = WindowRect(*control);
+    QRect& before = drawn_[control];
+    update(before | now);
+    before = now;
+  }
 }
 
 void FormHost::SyncSurfaces() {
@@ -113,21 +192,26 @@ void FormHost::SyncSurfaces() {
       surface->setPalette(black);
       box->hWnd = static_cast<std::uintptr_t>(surface->winId());
     }
-    surface->setGeometry(box->Left / kTwipsPerPixel, box->Top / kTwipsPerPixel,
-                         box->Width / kTwipsPerPixel, box->Height / kTwipsPerPixel);
-    surface->setVisible(box->Visible);
+    const QRect wanted = WindowRect(*box);
+    if (surface->geometry() != wanted) surface->setGeometry(wanted);
+    if (surface->isVisible() != box->Shown()) surface->setVisible(box->Shown());
   }
 }
 
-void FormHost::paintEvent(QPaintEvent*) {
+void FormHost::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
-  painter.fillRect(rect(), ToQColor(form_.BackColor, palette()));
-  if (const Image* image = form_.Picture.get().Pixels()) {
-    painter.drawImage(QPoint(0, 0), QImage(reinterpret_cast<const uchar*>(image->argb.data()),
-                                           image->width, image->height, QImage::Format_ARGB32));
-  }
+  const QRect dirty = event->rect();
+  painter.fillRect(dirty, ToQColor(form_.BackColor));
+  if (const Image* image = form_.Picture.get().Pixels()) painter.drawImage(0, 0, ToQImage(*image));
   for (const Control* control : form_.Controls()) {
-    if (control->Visible) PaintControl(painter, *control, palette());
+    if (!control->Shown()) continue;
+    const QRect area = VisibleRect(*control) & dirty;
+    if (area.isEmpty()) continue;
+    painter.save();
+    painter.setClipRect(area);
+    PaintControl(painter, *control);
+    painter.restore();
+    drawn_[control] = WindowRect(*control);
   }
 }
 
@@ -146,17 +230,25 @@ void FormHost::closeEvent(QCloseEvent* event) {
 }
 
 Control* FormHost::ControlAt(const QPoint& pixel) const {
-  const double x = ToTwips(pixel.x());
-  const double y = ToTwips(pixel.y());
   for (Control* control : form_.Controls() | std::views::reverse) {
-    if (control->Visible && control->Enabled && control->Contains(x, y)) return control;
+    if (control->Shown() && control->Enabled && VisibleRect(*control).contains(pixel))
+      return control;
   }
   return nullptr;
 }
 
+void FormHost::SyncCursor(const QPoint& pixel) {
+  const Control* control = ControlAt(pixel);
+  const int pointer = control && control->MousePointer != 0 ? control->MousePointer.get()
+                                                            : form_.MousePointer.get();
+  const Qt::CursorShape shape = CursorShape(pointer);
+  if (cursor().shape() != shape) setCursor(shape);
+}
+
 void FormHost::mousePressEvent(QMouseEvent* event) {
-  Control* control = ControlAt(event->position().toPoint());
-  const MouseEvent e = ToMouseEvent(*event, control);
+  const QPoint at = event->position().toPoint();
+  Control* control = ControlAt(at);
+  const MouseEvent e = ToMouseEvent(at, ToButton(event->button()), event->modifiers(), control);
   pressed_ = control;
   QtEvents::Dispatch([&] {
     if (!control) {
@@ -164,54 +256,75 @@ void FormHost::mousePressEvent(QMouseEvent* event) {
       return;
     }
     form_.SetFocus(control);
+    // A list chooses the row under the pointer itself, before it tells.
+    if (auto* list = dynamic_cast<ListBox*>(control); list && e.button == MouseButton::Left) {
+      const int row =
+          list->TopIndex + static_cast<int>(e.y / kTwipsPerPixel) / std::max(1, list->RowHeight());
+      if (row < list->ListCount()) list->SetListIndex(row);
+    }
     if (control->MouseDown) control->MouseDown(e);
-    if (e.button == MouseButton::Left) Point(*control, e);
   });
 }
 
+// With a button held, the moves go to the control it went down on, wherever
+// the pointer is; else to the control under the pointer.
 void FormHost::mouseMoveEvent(QMouseEvent* event) {
-  if (!(event->buttons() & Qt::LeftButton) || !pressed_) return;
-  Control* control = pressed_;
-  const MouseEvent e = ToMouseEvent(*event, control);
+  const QPoint at = event->position().toPoint();
+  const bool held = event->buttons() != Qt::NoButton && pressed_;
+  Control* control = held ? pressed_ : ControlAt(at);
+  hovered_ = control;
+  if (!held) SyncCursor(at);
+  const MouseEvent e = ToMouseEvent(at, ToButton(event->buttons()), event->modifiers(), control);
   QtEvents::Dispatch([&] {
-    if (control->MouseMove) control->MouseMove(e);
-    if (dynamic_cast<Slider*>(control)) Point(*control, e);
+    if (!control) {
+      if (form_.MouseMove) form_.MouseMove(e);
+    } else if (control->MouseMove) {
+      control->MouseMove(e);
+    }
   });
-}
-
-// What a press or drag means to the control itself: a bar follows the
-// pointer, a list selects the row under it.
-void FormHost::Point(Control& control, const MouseEvent& e) {
-  if (auto* slider = dynamic_cast<Slider*>(&control)) {
-    const double share = control.Width > 0 ? e.x / control.Width : 0;
-    slider->SetClamped(slider->Min + share * (slider->Max - slider->Min));
-    if (slider->Scroll) slider->Scroll();
-  } else if (auto* list = dynamic_cast<ListBox*>(&control)) {
-    const int rowHeight = std::max(1, list->RowHeight()) * kTwipsPerPixel;
-    const int row = list->TopIndex + static_cast<int>(e.y) / rowHeight;
-    if (row < list->ListCount()) list->SetListIndex(row);
-  }
 }
 
 void FormHost::mouseReleaseEvent(QMouseEvent* event) {
-  // A drag ends on the control it started on, wherever the pointer is.
-  Control* control = pressed_ ? pressed_ : ControlAt(event->position().toPoint());
+  const QPoint at = event->position().toPoint();
+  // A press ends on the control it started on, wherever the pointer is.
+  Control* control = pressed_ ? pressed_ : ControlAt(at);
   pressed_ = nullptr;
-  const MouseEvent e = ToMouseEvent(*event, control);
+  const MouseEvent e = ToMouseEvent(at, ToButton(event->button()), event->modifiers(), control);
   QtEvents::Dispatch([&] {
     if (!control) {
       if (form_.MouseUp) form_.MouseUp(e);
       return;
     }
     if (control->MouseUp) control->MouseUp(e);
-    if (e.button == MouseButton::Left && control->Click) control->Click();
+    // A list tells its clicks as its row changes.
+    const bool list = dynamic_cast<ListBox*>(control) != nullptr;
+    if (e.button == MouseButton::Left && !list && VisibleRect(*control).contains(at) &&
+        control->Click)
+      control->Click();
   });
 }
 
 void FormHost::mouseDoubleClickEvent(QMouseEvent* event) {
-  Control* control = ControlAt(event->position().toPoint());
+  const QPoint at = event->position().toPoint();
+  Control* control = ControlAt(at);
+  pressed_ = control;
   QtEvents::Dispatch([&] {
-    if (control && control->DblClick) control->DblClick();
+    if (!control) {
+      if (form_.DblClick) form_.DblClick();
+    } else if (control->DblClick) {
+      control->DblClick();
+    }
+  });
+}
+
+// The wheel scrolls a list three rows a notch.
+void FormHost::wheelEvent(QWheelEvent* event) {
+  auto* list = dynamic_cast<ListBox*>(ControlAt(event->position().toPoint()));
+  if (!list) return;
+  const int notches = event->angleDelta().y() / 120;
+  QtEvents::Dispatch([&] {
+    const int top = std::clamp(list->TopIndex - 3 * notches, 0, std::max(0, list->ListCount() - 1));
+    list->TopIndex = top;
   });
 }
 
@@ -242,6 +355,83 @@ void FormHost::resizeEvent(QResizeEvent*) {
   QtEvents::Dispatch([this] {
     form_.Width = ToTwips(width());
     form_.Height = ToTwips(height());
+  });
+}
+
+// A window minimised or restored by the window system is so in the model.
+void FormHost::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange || syncing_) return;
+  const auto state = isMinimized() ? WindowState::Minimized : WindowState::Normal;
+  QtEvents::Dispatch([&] { form_.WindowState = state; });
+}
+
+bool FormHost::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate) {
+    QtEvents::Dispatch([this] {
+      if (form_.Activate) form_.Activate();
+    });
+  } else if (event->type() == QEvent::WindowDeactivate) {
+    QtEvents::Dispatch([this] {
+      if (form_.Deactivate) form_.Deactivate();
+    });
+  }
+  return QWidget::event(event);
+}
+
+void FormHost::DragWindow(int hitCode) {
+  if (hitCode != kHitCaption && hitCode != kHitBottomRight) return;
+  const QPoint start = QCursor::pos();
+  const QRect from = geometry();
+  if (form_.EnterSizeMove) form_.EnterSizeMove();
+  QEventLoop loop;
+  grabMouse(hitCode == kHitCaption ? Qt::ArrowCursor : Qt::SizeFDiagCursor);
+  // The drag sees the pointer, not the controls: an event filter of its own
+  // takes the moves and the release.
+  class Follow final : public QObject {
+   public:
+    Follow(QEventLoop& loop, std::function<void(QPoint)> step)
+        : loop_(loop), step_(std::move(step)) {}
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::MouseMove) {
+        step_(QCursor::pos());
+        return true;
+      }
+      if (event->type() == QEvent::MouseButtonRelease) {
+        loop_.quit();
+        return true;
+      }
+      return event->type() == QEvent::MouseButtonPress;
+    }
+
+   private:
+    QEventLoop& loop_;
+    std::function<void(QPoint)> step_;
+  } follow(loop, [&](QPoint pointer) {
+    const QPoint delta = pointer - start;
+    DragStep(hitCode, hitCode == kHitCaption ? from.translated(delta)
+                                             : from.adjusted(0, 0, delta.x(), delta.y()));
+  });
+  installEventFilter(&follow);
+  loop.exec();
+  removeEventFilter(&follow);
+  releaseMouse();
+  pressed_ = nullptr;
+  QtEvents::EndIfEnded();
+}
+
+void FormHost::DragStep(int hitCode, const QRect& wanted) {
+  QtEvents::Dispatch([&] {
+    ScreenRect rect = ToScreenRect(wanted);
+    if (hitCode == kHitCaption) {
+      if (form_.Moving) form_.Moving(rect);
+      form_.Left = ToTwips(rect.left);
+      form_.Top = ToTwips(rect.top);
+    } else {
+      if (form_.Sizing) form_.Sizing(rect, kEdgeBottomRight);
+      form_.Width = ToTwips(rect.right - rect.left);
+      form_.Height = ToTwips(rect.bottom - rect.top);
+    }
   });
 }
 
@@ -281,7 +471,7 @@ void FormHost::dropEvent(QDropEvent* event) {
     return;
   }
   event->acceptProposedAction();
-  const double y = ToTwips(pixel.y()) - control->Top.get();
+  const double y = ToTwips(pixel.y()) - control->FormTop();
   QtEvents::Dispatch([&] { control->FilesDropped(*paths, y); });
 }
 

@@ -3,17 +3,22 @@
 // input to it. Geometry comes from the model in twips (15 to a pixel); the
 // window title is the form's caption, with "Yarvo Player" added where the
 // caption lacks it, so the desktop's task list names the program.
+//
+// The window has no frame of the window system: the form paints its own, and
+// its outline (Form::Region) cuts the corners. Moving and sizing it is done
+// here, pointer step by pointer step (DragWindow), so that each step can be
+// corrected by the form before the window follows.
 
 #include <QWidget>
 
 #include <memory>
 #include <unordered_map>
 
+#include "core/form/Form.h"
 #include "core/form/Twips.h"
 
 namespace yarvo {
 
-class Form;
 class Control;
 class PictureBox;
 
@@ -22,8 +27,13 @@ class FormHost final : public QWidget {
   explicit FormHost(Form& form);
 
   Form& Model() const { return form_; }
-  // Brings the window in line with the model: title, place, size, visibility.
+  // Brings the window in line with what changed in the model: the window
+  // itself, and the rectangles of the controls that changed.
   void Sync();
+
+  // Moves (hit code 2) or sizes by the bottom right corner (hit code 17) the
+  // window with the pointer until the mouse button is let go.
+  void DragWindow(int hitCode);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -32,9 +42,12 @@ class FormHost final : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  bool event(QEvent* event) override;
   // Local files dragged from the file manager drop on a control that
   // AcceptsFiles; every other drag is refused.
   void dragEnterEvent(QDragEnterEvent* event) override;
@@ -45,16 +58,24 @@ class FormHost final : public QWidget {
   Control* ControlAt(const QPoint& pixel) const;
   // The control under `pixel` that takes dropped files, or null.
   Control* FileDropTarget(const QPoint& pixel) const;
-  void Point(Control& control, const struct MouseEvent& e);
   void SyncWindow();
+  void SyncShape();
+  void SyncCursor(const QPoint& pixel);
   // Native child windows for the controls that show video.
   void SyncSurfaces();
+  void Repaint(const Form::Changes& changes);
+  // A step of a move or size: the rectangle the pointer asks for, as the
+  // form takes it.
+  void DragStep(int hitCode, const QRect& wanted);
 
   std::unordered_map<PictureBox*, std::unique_ptr<QWidget>> surfaces_;
+  // Where each control was last drawn, so that a moved one is cleared.
+  std::unordered_map<const Control*, QRect> drawn_;
 
   Form& form_;
   bool syncing_ = false;
   Control* pressed_ = nullptr;  // the control a held button went down on
+  Control* hovered_ = nullptr;  // the control the pointer is over
 };
 
 }  // namespace yarvo

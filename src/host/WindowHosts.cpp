@@ -84,10 +84,12 @@ void WindowHosts::Terminate() {
   if (FormHost* main = HostOf(program_.Main())) main->close();
 }
 
+// Only the windows whose models changed are touched, and of those only what
+// changed is drawn again.
 void WindowHosts::Sync() {
   syncedRevision_ = modelRevision();
   for (Form* form : program_.LoadedForms()) {
-    if (!IsWindow(*form)) continue;
+    if (!IsWindow(*form) || !form->Changed()) continue;
     auto& host = hosts_[form];
     if (!host) host = std::make_unique<FormHost>(*form);
     host->Sync();

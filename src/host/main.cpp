@@ -13,11 +13,11 @@
 #include "director/Program.h"
 #include "engines/BassApi.h"
 #include "engines/media/MCore.h"
+#include "host/HostDesktop.h"
 #include "host/WindowHosts.h"
 #include "platform/Files.h"
 #include "platform/PosixProcess.h"
 #include "platform/ProfileIni.h"
-#include "platform/qt/QtDesktop.h"
 #include "platform/qt/QtEvents.h"
 #include "platform/qt/QtTimerScheduler.h"
 #include "platform/qt/QtWindowGeometry.h"
@@ -25,16 +25,13 @@
 
 namespace {
 
-// With no display the player still runs, on Qt's offscreen platform.
-void ChooseOffscreenWithoutDisplay() {
+// The windows move, size and shape themselves and draw video into X11
+// windows of their own, which Wayland does not allow a client: under Wayland
+// they run through its X11 server (XWayland), unless the user chose a
+// platform. With no display at all the player still runs, offscreen.
+void ChoosePlatform() {
   const bool display = std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY");
-  if (!display) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  } else if (std::getenv("DISPLAY")) {
-    // Video is drawn into X11 windows of ours: under Wayland, run through
-    // its X11 server when there is one.
-    setenv("QT_QPA_PLATFORM", "xcb", 0);
-  }
+  setenv("QT_QPA_PLATFORM", display ? "xcb" : "offscreen", 0);
 }
 
 // The media service asks our windows for their size while the program runs.
@@ -65,7 +62,7 @@ void RemoveLeftoverSavesOf(const std::string& programFolder) {
 
 int main(int argc, char** argv) {
   yarvo::WindowHosts::CatchTermination();
-  ChooseOffscreenWithoutDisplay();
+  ChoosePlatform();
   // The whole command line is one path: Qt must not take options from it.
   std::vector<std::string> arguments(argv + 1, argv + argc);
   int qtArgc = 1;
@@ -76,12 +73,15 @@ int main(int argc, char** argv) {
   yarvo::PosixProcess process(std::move(arguments));
   RemoveLeftoverSavesOf(process.ProgramFolder());
   yarvo::QtTimerScheduler scheduler;
-  yarvo::QtDesktop desktop;
+  yarvo::WindowHosts* windows = nullptr;
+  yarvo::HostDesktop desktop(
+      [&windows](const yarvo::Form& form) { return windows ? windows->HostOf(form) : nullptr; });
   yarvo::ClockRandom random;
   yarvo::Program program({scheduler, desktop, process, yarvo::LibraryBass(), random});
   yarvo::QtWindowGeometry geometry;
   const GeometryInUse geometryInUse(geometry);
   yarvo::WindowHosts hosts(program);
+  windows = &hosts;
   try {
     yarvo::RunEvent([&] { program.Main(); });
   } catch (const yarvo::ProcessEnd& end) {

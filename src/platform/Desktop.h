@@ -1,12 +1,18 @@
 #pragma once
-// What the program asks of the desktop: message boxes and the standard
-// dialogs. Implemented with Qt for the app and by a recorder in the tests.
-// All calls come from the interface thread and block until the user answers,
-// while timers keep running behind them.
+// What the program asks of the desktop: message boxes, the standard dialogs,
+// popup menus, pictures from files and where the pointer is. Implemented with
+// Qt for the app and by a recorder in the tests. All calls come from the
+// interface thread; the dialogs and menus block until the user answers, while
+// timers keep running behind them.
 
 #include <string>
 
+#include "core/form/Picture.h"
+
 namespace yarvo {
+
+class Form;
+class Menu;
 
 // The open-file dialog: title, one filter row (a description and its
 // ";"-separated patterns), the default extension; single selection of an
@@ -24,6 +30,12 @@ struct TwipsSize {
   int height = 0;
 };
 
+// A point of the screen, in pixels.
+struct ScreenPoint {
+  int x = 0;
+  int y = 0;
+};
+
 class Desktop {
  public:
   virtual ~Desktop() = default;
@@ -38,6 +50,25 @@ class Desktop {
   virtual TwipsSize ScreenSize() const = 0;
   // Runs the events that are waiting, once, and returns.
   virtual void DoEvents() = 0;
+
+  // Where the pointer is, and which of the program's windows shows at a
+  // point of the screen (nullptr: none of them).
+  virtual ScreenPoint CursorPos() const = 0;
+  virtual const Form* FormAt(ScreenPoint point) const = 0;
+
+  // The picture of a BMP or JPEG file; raises FileNotFound when the file
+  // can't be read as a picture.
+  virtual Picture LoadPicture(const std::string& path) = 0;
+
+  // Pops `menu` up with its top left corner at (x, y) twips from the top left
+  // corner of `form`, and returns when it closes; the chosen item's Click has
+  // run by then.
+  virtual void PopupMenu(const Form& form, Menu& menu, int x, int y) = 0;
+
+  // Moves (hit code 2) or sizes by its bottom right corner (hit code 17) the
+  // window of `form` with the pointer, and returns when the mouse button is
+  // let go; the form's Moving or Sizing sees every step.
+  virtual void DragWindow(Form& form, int hitCode) = 0;
 };
 
 }  // namespace yarvo

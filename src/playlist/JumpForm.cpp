@@ -168,8 +168,8 @@ void JumpForm::PlaySelected() {
   ResumeNext([&] { picList.SetText(Rezultate.Text()); });
   ResumeNext([&] { store.ListaCale.SetListIndex(picList.ListIndex()); });
   store.SongNumber = std::to_string(picList.ListIndex());
-  ResumeNext([&] { playlist.ScrollBar.Max = picList.ListCount() - 30; });
-  ResumeNext([&] { playlist.ScrollBar.Value = picList.TopIndex; });
+  ResumeNext([&] { playlist.ScrollBar.max = picList.ListCount() - 30; });
+  ResumeNext([&] { playlist.ScrollBar.value = picList.TopIndex; });
   picList.SetFocus();
   Hide();
   ResumeNext([] { ClsMain().Play(); });

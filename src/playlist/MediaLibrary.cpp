@@ -5,9 +5,12 @@
 
 namespace yarvo {
 
-MediaLibrary::MediaLibrary() : Form("MediaLibrary") {
+MediaLibrary::MediaLibrary() : SkinnedForm("MediaLibrary") {
   Caption = "Yarvo Player - Intelligent playback";
   Move(1200, 5400, 7725, 5025);
+  MakeImage(CloseButton, false);
+  CloseButton.Move(7725 - 750, 0, 330, 255);
+  AnchorFrame();
   FrameLibrary.Visible = false;
   FrameTop10.Visible = false;
   ListaAsteptare.Visible = false;

@@ -4,18 +4,20 @@
 // Song/CountPlayed and the waiting list, the current tag in Text1T..Combo1T.
 
 #include "core/form/ControlArray.h"
-#include "core/form/Form.h"
 #include "core/form/Label.h"
 #include "core/form/ListBox.h"
 #include "core/form/PictureBox.h"
 #include "core/form/TextBox.h"
 #include "core/form/Timer.h"
+#include "windows/SkinnedForm.h"
 
 namespace yarvo {
 
-class MediaLibrary : public Form {
+class MediaLibrary : public SkinnedForm {
  public:
   MediaLibrary();
+
+  PictureBox CloseButton{this, "CloseButton"};
 
   // The three pages; one shows at a time.
   PictureBox FrameIDTag{this, "FrameIDTag"};

@@ -2,25 +2,31 @@
 // The playlist window: the visible titles PicList, row for row with the paths
 // in DataForm.ListaCale, its scroll bar and its row count caption.
 
-#include "core/form/Form.h"
 #include "core/form/Label.h"
 #include "core/form/ListBox.h"
 #include "core/form/PictureBox.h"
-#include "core/form/Slider.h"
 #include "core/form/Timer.h"
+#include "windows/SkinnedForm.h"
+#include "windows/ctlScrollbar.h"
 
 namespace yarvo {
 
-class Playlist : public Form {
+class Playlist : public SkinnedForm {
  public:
   Playlist();
 
+  // The title bar: menu plates and captions, and the close button.
+  PictureBox Meniu1{this, "Meniu1"}, Meniu2{this, "Meniu2"}, Meniu3{this, "Meniu3"};
+  Label Label1{this, "Label1", "File"}, Label3{this, "Label3", "Options"};
+  PictureBox CloseButton{this, "CloseButton"};
   ListBox PicList{this, "PicList"};
   ListBox L1{this, "L1"};  // dropped paths, hidden
   ListBox L2{this, "L2"};
   PictureBox FrameScroll{this, "FrameScroll"};
-  Slider ScrollBar{this, "ScrollBar", 0, 0, 0};
+  ctlScrollbar ScrollBar{this, "ScrollBar", 0, 100.0, 10.0};
   Label ItemsLabel{this, "ItemsLabel", "Total items:"};
+  PictureBox Shape1{this, "Shape1"};
+  Label ResizeArea{this, "ResizeArea", "o"};
   Timer ScrollTimer{this, "ScrollTimer", 1000, true};
 
   // Thumb and row count follow the list once a second.

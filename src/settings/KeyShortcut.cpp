@@ -55,7 +55,7 @@ void CloseFromKey() {
 // told the value the slider took.
 void StepVolume(double step) {
   auto& volume = program().Main().Volum;
-  ResumeNext([&] { volume.SetClamped(volume.Value + step); });
+  ResumeNext([&] { volume.value = volume.value + step; });
   ResumeNext([] {
     if (BassOn()) {
       program().frmBass().VolumBass();

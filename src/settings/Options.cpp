@@ -2,13 +2,20 @@
 
 #include "core/DataForm.h"
 #include "core/form/RuntimeError.h"
+#include "core/form/Twips.h"
 #include "director/Program.h"
 #include "engines/frmBass.h"
 #include "playlist/ClsPl.h"
+#include "playlist/DataClass.h"
 #include "playlist/Id3Module.h"
 #include "playlist/Playlist.h"
 #include "settings/KeyShortcut.h"
 #include "windows/Main.h"
+#include "windows/Skins.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
 
 namespace yarvo {
 
@@ -22,6 +29,14 @@ constexpr const char* kVideoTypes[] = {"mpg", "avi", "mov", "wmv",  "mp2", "mpeg
 
 void TickAll(ListBox& list, bool ticked) {
   for (int row = 0; row < list.ListCount(); ++row) list.SetTicked(row, ticked);
+}
+
+// The row under a press in a list: a press below the last row leaves the
+// list's own row.
+int RowAt(ListBox& list, double y) {
+  const int row = list.TopIndex + static_cast<int>(y / kTwipsPerPixel) / list.RowHeight();
+  if (row >= 0 && row < list.ListCount()) list.SetListIndex(row);
+  return list.ListIndex();
 }
 
 }  // namespace
@@ -68,7 +83,47 @@ Options::Options() : Form("Options") {
         [this] { program().Playlist().PicList.FontSize = 8 + PlaylistFontSize.ListIndex(); });
   };
   Check3.Click = [this] { program().Playlist().PicList.FontBold = Check3.Value == 1; };
+  SkinSelector.MouseDown = [this](const MouseEvent& e) {
+    pressedSkin_ = RowAt(SkinSelector, e.y);
+    TickAll(SkinSelector, false);
+  };
+  SkinSelector.MouseUp = [this](const MouseEvent&) { ChooseSkin(); };
   BindShortcutBoxes(*this);
+  Load = [this] { Options_Form_Load(); };
+}
+
+void Options::Options_Form_Load() {
+  ResumeNext([this] { GetSubDirs(program().DataForm().ProgramPath("/Skins")); });
+}
+
+// Depth first: a folder's subfolders come before it.
+void Options::GetSubDirs(const std::string& currPath) {
+  std::error_code error;
+  std::vector<std::filesystem::path> folders;
+  for (const auto& entry : std::filesystem::directory_iterator(currPath, error)) {
+    if (entry.is_directory(error)) folders.push_back(entry.path());
+  }
+  if (error) throw err::PathNotFound();
+  std::sort(folders.begin(), folders.end());
+  for (const auto& folder : folders) {
+    ResumeNext([&] { GetSubDirs(folder.string()); });
+    SkinSelector.AddItem(folder.filename().string());
+  }
+}
+
+// The row pressed becomes the skin: its name, its skin.ini, and the skin
+// applied to the windows at once.
+void Options::ChooseSkin() {
+  ResumeNext([this] { SkinSelector.SetTicked(pressedSkin_, true); });
+  ResumeNext([this] {
+    SkinSelector.SetListIndex(pressedSkin_);
+    SkinName.SetText(SkinSelector.Text());
+  });
+  auto& store = program().DataForm();
+  store.SkinSettings.Clear();
+  store.SkinValues.Clear();
+  IncarcaData(store.ProgramPath("/Skins/" + SkinName.Text.get() + "/skin.ini"), store.SkinSettings);
+  ApplySkin();
 }
 
 }  // namespace yarvo

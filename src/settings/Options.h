@@ -20,6 +20,7 @@ class Options : public Form {
   Options();
 
   Label Fr{this, "Fr", "General"};  // the page on top
+  PictureBox CloseButton{this, "CloseButton"};
 
   // General: visualisation on/off and its type.
   OptionGroup Visualisations;
@@ -89,8 +90,17 @@ class Options : public Form {
 
   TextBox Readme{this, "Readme", "Readme"};
 
+  // Adds the folders under `currPath`, each after its own subfolders, to
+  // SkinSelector; raises PathNotFound when it can't be listed.
+  void GetSubDirs(const std::string& currPath);
+
   // The code page of ID3 tag text: rows "latin1", "cp1250", "cp1251".
   ListBox TagCodePage{this, "TagCodePage"};
+
+ private:
+  void Options_Form_Load();
+  void ChooseSkin();
+  int pressedSkin_ = -1;
 };
 
 }  // namespace yarvo

@@ -132,8 +132,8 @@ std::vector<Line> Lines() {
   AddGeometry(lines, main);
   lines.push_back(Literal("[Playlist]"));
   AddGeometry(lines, playlist);
-  lines.push_back({[&] { return Str(main.Volum.Value); },
-                   [&](const std::string& t) { main.Volum.SetClamped(CDbl(t)); }});
+  lines.push_back({[&] { return Str(main.Volum.value); },
+                   [&](const std::string& t) { main.Volum.value = CDbl(t); }});
   lines.push_back(Literal("[Options]"));
   for (auto* option : {&options.Option1, &options.Option2, &options.Option3})
     lines.push_back(Option(*option));
@@ -171,8 +171,8 @@ std::vector<Line> Lines() {
   lines.push_back(Check(options.Check18));
   for (int b = 0; b <= 10; ++b) {
     auto& slider = main.sldEQR(b);
-    lines.push_back({[&] { return Str(slider.Value); },
-                     [&](const std::string& t) { slider.SetClamped(CDbl(t)); }});
+    lines.push_back({[&] { return Str(slider.value); },
+                     [&](const std::string& t) { slider.value = CDbl(t); }});
   }
   for (auto* option :
        {&options.Option8, &options.Option9, &options.Option10, &options.Option11, &options.Option12,

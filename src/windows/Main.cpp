@@ -11,10 +11,11 @@
 #include "platform/ProcessControl.h"
 #include "settings/KeyShortcut.h"
 #include "windows/MiniForm.h"
+#include "windows/Skins.h"
 
 namespace yarvo {
 
-Main::Main() : Form("Main") {
+Main::Main() : SkinnedForm("Main") {
   Caption = std::string("Yarvo Player ") + kVersionText;
   Move(2000, 1200, 6525, 3885);
   Visible = true;  // the start window shows once it has loaded
@@ -30,25 +31,13 @@ Main::Main() : Form("Main") {
         static_cast<Control*>(&KeyFocus)}) {
     working->Visible = false;
   }
-  TSec.Move(360, 435, 975, 255);
-  TotalTime.Move(1455, 465, 495, 210);
-  StarePlayer.Move(240, 810, 915, 255);
-  labBitRate.Move(1200, 810, 810, 195);
-  Titlu.Move(2160, 480, 2535, 255);
-  InfoIDTag.Move(2160, 840, 2535, 240);
-  labSize.Move(240, 2025, 1800, 195);
-  labLength.Move(240, 2205, 1800, 195);
-  labLayer.Move(240, 2400, 1800, 195);
-  labFreqChan.Move(240, 2625, 1800, 195);
-  LabelVideo.Move(2985, 30, 1815, 195);
-  FrameVideo(0).Move(120, 4080, 5175, 3045);
+  LayOutControls();
   FrameVideo(0).Visible = false;
   FrameVideo(0).NativeSurface = true;
   FrameVideo(0).BackColor = 0x000000;
-  SliderMoveMultimedia(0).Move(120, 3480, 3135, 255);
-  Volum.Move(3480, 3480, 1395, 255);
-
-  sldEQR(10).Value = 100;  // the reverb starts dry; the bands start flat
+  // The bands start flat, the reverb dry.
+  for (int band = 0; band < 10; ++band) sldEQR(band).value = 50;
+  sldEQR(10).value = 100;
   BindEqualizer();
   TimerMisc(0).Tick = [this] { Main_TimerMisc_Timer(); };
   TimeCounter.Tick = [this] { Main_TimeCounter_Timer(); };
@@ -63,7 +52,6 @@ Main::Main() : Form("Main") {
   auto& seek = SliderMoveMultimedia(0);
   seek.GotFocus = [this] { ScrollbarFocus(); };
   seek.Scroll = [this] { ScrollbarScroll(); };
-  seek.MouseUp = [this](const MouseEvent&) { ScrollbarRelease(); };
   seek.LostFocus = [this] { ScrollbarLostFocus(); };
   Load = [this] { Main_Form_Load(); };
   QueryUnload = [this] { Main_Form_QueryUnload(); };
@@ -84,6 +72,7 @@ void Main::Main_Form_Load() {
   ResumeNext([&] { p.MediaLibrary(); });
   ResumeNext([&] { p.JumpForm(); });
   ResumeNext([&] { ClsMain().LoadYarvo(); });
+  ApplySkin();
   ResumeNext([&] { FrameVideo(0).Top = 370; });
   RepairMediaDrivers();
   tagTick = 0;

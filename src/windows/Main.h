@@ -4,22 +4,21 @@
 // LbStatus(0) ...), so they exist whether or not the window shows.
 
 #include "core/form/ControlArray.h"
-#include "core/form/Form.h"
 #include "core/form/Label.h"
 #include "core/form/PictureBox.h"
-#include "core/form/Slider.h"
 #include "core/form/TextBox.h"
 #include "core/form/Timer.h"
+#include "windows/SkinnedForm.h"
+#include "windows/ctlScrollbar.h"
 
 namespace yarvo {
 
-class Main : public Form {
+class Main : public SkinnedForm {
  public:
   Main();
 
   // Working labels: state of the playing file, never shown.
   ControlArray<Label> LbFileName{this, "LbFileName", 1, std::string()};
-  Label StarePlayer{this, "StarePlayer", "Waiting"};
   ControlArray<Label> LbStatus{this, "LbStatus", 1, std::string()};
   ControlArray<Label> LbResult{this, "LbResult", 1, std::string("Result calling Function is : ")};
   ControlArray<Label> LbActualCx{this, "LbActualCx", 1, std::string("-1")};
@@ -36,38 +35,52 @@ class Main : public Form {
   ControlArray<TextBox> txtFrom{this, "txtFrom", 1, std::string()};
   ControlArray<TextBox> TxtTo{this, "TxtTo", 1, std::string()};
 
-  // What the window shows.
-  Label Titlu{this, "Titlu", "Yarvo Player"};
+  // What the window shows, from the bottom up above the frame: the title
+  // bar, the panels and what stands on them. Coordinates of controls inside a panel
+  // count from the panel's corner.
+  // The menu bar: plates and their captions.
+  PictureBox Meniu1{this, "Meniu1"}, Meniu2{this, "Meniu2"}, Meniu3{this, "Meniu3"};
+  Label Label1{this, "Label1", "File"}, Label3{this, "Label3", "Options"},
+      Label4{this, "Label4", "Help"};
+  Label LabelVideo{this, "LabelVideo", ""};
+  PictureBox MinimizeButton{this, "MinimizeButton"};
+  PictureBox CloseButton{this, "CloseButton"};
+
+  // 1 the main panel, 0 working labels outside the window.
+  ControlArray<PictureBox> MainFrame{this, "MainFrame", 2};
+  PictureBox Image1{this, "Image1"};  // the panel's picture
   Label TSec{this, "TSec", "00:00"};
   Label TotalTime{this, "TotalTime", "00:00"};
-  Label InfoIDTag{this, "InfoIDTag", "No media"};
-  Label LabelVideo{this, "LabelVideo", ""};
-  Label labSize{this, "labSize", "Size: 0"};
-  Label labLength{this, "labLength", "Length: 0"};
-  Label labLayer{this, "labLayer", "Not playing"};
+  Label StarePlayer{this, "StarePlayer", "Waiting"};
   Label labBitRate{this, "labBitRate", "0 Kbps"};
-  Label labFreqChan{this, "labFreqChan", "0 Frequency"};
-  ControlArray<PictureBox> MainFrame{this, "MainFrame", 2};  // 1 the main panel, 0 working labels
-  PictureBox RightFrame{this, "RightFrame"};
-  PictureBox Logo{this, "Logo"};
-  PictureBox Image3{this, "Image3"};
-  PictureBox Image4{this, "Image4"};
-  Label InfoLabel{this, "InfoLabel", "Info"};
-  Label PlaylistLabel{this, "PlaylistLabel", "Playlist"};
+  Label Titlu{this, "Titlu", "Yarvo Player"};
+  Label InfoIDTag{this, "InfoIDTag", "No media"};
   PictureBox Visualisation{this, "Visualisation"};
   // The six small buttons: 1 next visualisation, 2 equalizer on/off, 3
   // presets, 4 to 6 the playlist, media library and options windows.
   PictureBox ImgButton1{this, "ImgButton1"}, ImgButton2{this, "ImgButton2"},
       ImgButton3{this, "ImgButton3"}, ImgButton4{this, "ImgButton4"},
       ImgButton5{this, "ImgButton5"}, ImgButton6{this, "ImgButton6"};
-  Label ResizeArea{this, "ResizeArea", "o"};
-  PictureBox MinimizeButton{this, "MinimizeButton"};
-  PictureBox CloseButton{this, "CloseButton"};
-  // Equalizer bands 0-9 and the reverb 10; 0 at the top, 100 at the bottom.
-  ControlArray<Slider> sldEQR{this, "sldEQR", 11, 0, 100, 50};
+  Label MultimediaInfoLabel{this, "MultimediaInfoLabel", "Multimedia info"};
+  Label labSize{this, "labSize", "Size: 0"};
+  Label labLength{this, "labLength", "Length: 0"};
+  Label labLayer{this, "labLayer", "Not playing"};
+  Label labFreqChan{this, "labFreqChan", "0 Frequency"};
+  // Equalizer bands 0-9 and the reverb 10; 0 at the top.
+  ControlArray<ctlScrollbar> sldEQR{this, "sldEQR", 11, 0, 100.0, 10.0};
+
+  PictureBox RightFrame{this, "RightFrame"};
+  PictureBox Image3{this, "Image3"};
+  PictureBox Image4{this, "Image4"};
+  Label InfoLabel{this, "InfoLabel", "Info"};
+  Label PlaylistLabel{this, "PlaylistLabel", "Playlist"};
+  PictureBox Logo{this, "Logo"};
+
   ControlArray<PictureBox> FrameVideo{this, "FrameVideo", 1};
-  ControlArray<Slider> SliderMoveMultimedia{this, "SliderMoveMultimedia", 1, 0, 0, 0};
-  Slider Volum{this, "Volum", 0, 100, 100};  // a first start is heard
+  ControlArray<ctlScrollbar> SliderMoveMultimedia{this, "SliderMoveMultimedia", 1, 1, 100.0, 1.0};
+  PictureBox ImagineVolum{this, "ImagineVolum"};
+  ctlScrollbar Volum{this, "Volum", 1, 100.0, 5.0};
+  Label ResizeArea{this, "ResizeArea", "o"};
   // Holds the keyboard focus for the shortcuts; moved outside the window.
   TextBox KeyFocus{this, "KeyFocus"};
 
@@ -84,6 +97,7 @@ class Main : public Form {
   // Lays the video out by the size mode; the rest of the resize belongs to
   // the skinned layout.
   void Main_Form_Resize();
+  void AnchorEdges();
   void Main_LbActualCx_Change();
   void Main_TimeCounter_Timer();
   void Main_ScrollTextTimer_Timer();
@@ -103,6 +117,8 @@ class Main : public Form {
   bool ReturnToMini = false;
 
   void Main_Form_Load();
+  // The design-time places of the controls.
+  void LayOutControls();
   void RepairMediaDrivers();
   void VolumChange();
   void VolumFocus();
@@ -110,7 +126,6 @@ class Main : public Form {
   // The seek bar: pressed, dragged, let go, and left.
   void ScrollbarFocus();
   void ScrollbarScroll();
-  void ScrollbarRelease();
   void ScrollbarLostFocus();
   // Where the focus goes after the bars: the volume bar, then the keys.
   void FocusVolume();

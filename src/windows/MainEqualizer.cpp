@@ -6,8 +6,8 @@
 #include "director/Program.h"
 #include "engines/frmBass.h"
 #include "settings/Options.h"
-#include "windows/LoadPicture.h"
 #include "windows/Main.h"
+#include "windows/Skins.h"
 
 namespace yarvo {
 
@@ -17,9 +17,8 @@ constexpr int kEqualizerSliders = 11;
 
 // The button's picture by the equalizer's state: plain while on.
 void ShowEqualizerButton(Main& main, bool on) {
-  ResumeNext([&] {
-    main.ImgButton2.Picture = LoadPicture(SkinFile(on ? "/button2.bmp" : "/button2b.bmp"));
-  });
+  ResumeNext(
+      [&] { main.ImgButton2.Picture = LoadSkinPicture(on ? "/button2.bmp" : "/button2b.bmp"); });
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ void SeekAudioToThumb() {
   auto& p = program();
   auto& engine = p.frmBass();
   const auto bytes =
-      static_cast<QWORD>(p.Main().SliderMoveMultimedia(0).Value * kBytesPerSliderStep);
+      static_cast<QWORD>(p.Main().SliderMoveMultimedia(0).value * kBytesPerSliderStep);
   p.bass().BASS_ChannelSetPosition(static_cast<DWORD>(CLng(engine.Chan.get())), bytes,
                                    BASS_POS_BYTE);
 }
@@ -50,24 +50,6 @@ void Main::ScrollbarScroll() {
     p.frmBass().Scrolling = "True";
     SeekAudioToThumb();
     p.frmBass().Scrolling = "False";
-  });
-}
-
-// The seek bar's own action when the mouse is let go.
-void Main::ScrollbarRelease() {
-  auto& p = program();
-  ResumeNext([&] {
-    if (StartMoveSlider.Caption == "True") {
-      ClsMain().SliderMultimediaChange();
-      FocusVolume();
-    }
-  });
-  ResumeNext([&] {
-    if (p.frmBass().Scrolling == "True") {
-      SeekAudioToThumb();
-      p.frmBass().Scrolling = "False";
-      FocusVolume();
-    }
   });
 }
 

@@ -9,6 +9,7 @@
 #include "settings/Options.h"
 #include "windows/Main.h"
 #include "windows/MiniForm.h"
+#include "windows/mdlSmooth.h"
 
 namespace yarvo {
 
@@ -27,6 +28,7 @@ void Main::Main_Form_Resize() {
   auto& store = p.DataForm();
   auto& options = p.Options();
   auto& frame = FrameVideo(0);
+  SmoothForm(*this, 9);
   ResumeNext([&] {
     ResizeArea.Left = Width - 195;
     ResizeArea.Top = Height - 195;
@@ -60,6 +62,22 @@ void Main::Main_Form_Resize() {
     if (Height < minHeight) Height = minHeight;
   }
   frame.Visible = video;
+  AnchorEdges();
+}
+
+// The controls that follow the right and bottom edges.
+void Main::AnchorEdges() {
+  const int w = Width;
+  const int h = Height;
+  ResumeNext([&] { RightFrame.Left = w - 1200; });
+  ResumeNext([&] { Logo.Left = w - 1100; });
+  ResumeNext([&] { Logo.Top = h - 650; });
+  AnchorFrame();
+  ResumeNext([&] { MinimizeButton.Left = w - 1150; });
+  ResumeNext([&] { CloseButton.Left = w - 750; });
+  ResumeNext([&] { SliderMoveMultimedia(0).Top = h - 320; });
+  ResumeNext([&] { Volum.Top = h - 320; });
+  ResumeNext([&] { ImagineVolum.Top = h - 270; });
 }
 
 void Main::Main_LbActualCx_Change() {

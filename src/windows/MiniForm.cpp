@@ -21,8 +21,11 @@ MiniForm::MiniForm() : Form("MiniForm") {
   KeyFocus.Visible = false;
   Load = [this] { MiniForm_Form_Load(); };
   KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };
+  // The main window's bar drives the engine.
   Volum.Change = [this] {
-    program().Main().Volum.Value = Volum.Value.get();  // the main window's slider drives the engine
+    auto& main = program().Main();
+    main.Volum.value = static_cast<double>(Volum.value);
+    main.VolumChange();
   };
   Timer1.Tick = [this] { MiniForm_Timer1_Timer(); };
 }
@@ -36,10 +39,10 @@ void MiniForm::MiniForm_Timer1_Timer() {
   ResumeNext([&] { StarePlayer.Caption = main.StarePlayer.Caption.get(); });
   ResumeNext([&] { Titlu.Caption = main.Titlu.Caption.get(); });
   ResumeNext([&] { LabelVideo.Caption = main.LabelVideo.Caption.get(); });
-  ResumeNext([&] { Volum.Value = main.Volum.Value.get(); });
+  ResumeNext([&] { Volum.value = static_cast<double>(main.Volum.value); });
   ResumeNext([&] {
-    SliderMoveMultimedia(0).Max = main.SliderMoveMultimedia(0).Max.get();
-    SliderMoveMultimedia(0).Value = main.SliderMoveMultimedia(0).Value.get();
+    SliderMoveMultimedia(0).max = main.SliderMoveMultimedia(0).max.get();
+    SliderMoveMultimedia(0).value = static_cast<double>(main.SliderMoveMultimedia(0).value);
   });
 }
 

@@ -7,9 +7,9 @@
 #include "core/form/Form.h"
 #include "core/form/Label.h"
 #include "core/form/PictureBox.h"
-#include "core/form/Slider.h"
 #include "core/form/TextBox.h"
 #include "core/form/Timer.h"
+#include "windows/ctlScrollbar.h"
 
 namespace yarvo {
 
@@ -23,8 +23,8 @@ class MiniForm : public Form {
   Label StarePlayer{this, "StarePlayer", ""};
   Label Titlu{this, "Titlu", ""};
   PictureBox Visualisation{this, "Visualisation"};
-  Slider Volum{this, "Volum", 0, 100, 100};  // a first start is heard
-  ControlArray<Slider> SliderMoveMultimedia{this, "SliderMoveMultimedia", 1, 0, 0, 0};
+  ctlScrollbar Volum{this, "Volum", 1, 100.0, 5.0};
+  ControlArray<ctlScrollbar> SliderMoveMultimedia{this, "SliderMoveMultimedia", 1, 1, 100.0, 1.0};
   TextBox KeyFocus{this, "KeyFocus"};
   Timer Timer1{this, "Timer1", 500, true};
 

@@ -76,7 +76,7 @@ TEST_F(MediaRoute, AVideoPlaysInTheVideoLayoutAndItsEndWaitsWhileTheSeekBarIsHel
   EXPECT_EQ(main.LbActualCx(0).Caption.get(), "320");
   EXPECT_EQ(library.LbFramesPerSecond(0).Caption.get(), "25");
   EXPECT_EQ(library.LbTotalFrames(0).Caption.get(), "100");
-  EXPECT_EQ(main.SliderMoveMultimedia(0).Max.get(), 2) << "one step is two seconds";
+  EXPECT_EQ(main.SliderMoveMultimedia(0).max.get(), 2) << "one step is two seconds";
   EXPECT_TRUE(main.FrameVideo(0).Visible);
   EXPECT_TRUE(service.Sent("play movie from 0 to 100"));
 
@@ -94,8 +94,8 @@ TEST_F(MediaRoute, AVideoPlaysInTheVideoLayoutAndItsEndWaitsWhileTheSeekBarIsHel
   service.mode = "stopped";
   clock.Advance(2000);
   EXPECT_EQ(bass.PlayingFile(), "") << "no next song while the bar is held";
-  main.SliderMoveMultimedia(0).Value = 1;
-  main.ScrollbarRelease();
+  main.SliderMoveMultimedia(0).value = 1;
+  test::PressAndReleaseThumb(main.SliderMoveMultimedia(0));
   EXPECT_TRUE(service.Sent("seek movie to 50"));
   EXPECT_EQ(main.StartMoveSlider.Caption.get(), "False") << "the focus left the bar";
   clock.Advance(500);

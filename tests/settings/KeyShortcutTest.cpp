@@ -43,8 +43,8 @@ class Shortcuts : public test::ProgramFixture {
     EXPECT_EQ(key, code) << "the dispatcher leaves the key code alone";
   }
 
-  int Volume() { return P().Main().Volum.Value; }
-  void SetVolume(int value) { P().Main().Volum.Value = value; }
+  int Volume() { return static_cast<int>(P().Main().Volum.value); }
+  void SetVolume(int value) { P().Main().Volum.value = value; }
 
   std::string KeyboardFile() { return folder / "Data/keyboard.data"; }
 

@@ -69,7 +69,7 @@ TEST_F(SettingsFile, ARestartRestoresEveryPreference) {
   auto& main = P().Main();
   main.Show();
   main.Move(1200, 900, 6100, 3530);
-  main.Volum.Value = 73;
+  main.Volum.value = 73;
   for (auto* option : {&options.Option2, &options.Option5, &options.Option10, &options.Option13,
                        &options.Option17, &options.Option19})
     option->Value = true;
@@ -79,8 +79,8 @@ TEST_F(SettingsFile, ARestartRestoresEveryPreference) {
   options.PlaylistFontSize.SetListIndex(4);
   options.LanguageSelector.SetListIndex(1);
   options.TagCodePage.SetText("cp1250");
-  main.sldEQR(3).Value = 12;
-  main.sldEQR(10).Value = 88;
+  main.sldEQR(3).value = 12;
+  main.sldEQR(10).value = 88;
   P().DataForm().MainMode = "Small";
   ClsMain().ChangeMainMode();
   P().DataForm().VideoSizeWidth2 = "7000";

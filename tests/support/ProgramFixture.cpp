@@ -7,9 +7,11 @@
 
 #include "core/DataForm.h"
 #include "core/form/StringList.h"
+#include "core/form/Twips.h"
 #include "engines/media/MCore.h"
 #include "engines/media/MciSendString.h"
 #include "windows/Main.h"
+#include "windows/ctlScrollbar.h"
 
 namespace yarvo::test {
 
@@ -26,6 +28,15 @@ std::string ReadBytes(const std::string& path) {
 }
 
 std::vector<std::string> Rows(const StringList& list) { return list.Items(); }
+
+void PressAndReleaseThumb(ctlScrollbar& bar) {
+  MouseEvent e;
+  e.button = MouseButton::Left;
+  e.x = (bar.Picture4.Left + bar.Picture2.Left + bar.Picture2.Width / 2) * kTwipsPerPixel;
+  e.y = (bar.Picture4.Top + bar.Picture2.Top + bar.Picture2.Height / 2) * kTwipsPerPixel;
+  bar.MouseDown(e);
+  bar.MouseUp(e);
+}
 
 std::string SettingsWith(std::initializer_list<std::pair<int, const char*>> lines) {
   std::vector<std::string> text(72);

@@ -19,13 +19,16 @@
 
 namespace yarvo {
 class StringList;
-}
+class ctlScrollbar;
+}  // namespace yarvo
 
 namespace yarvo::test {
 
 void WriteBytes(const std::string& path, const std::string& bytes);
 std::string ReadBytes(const std::string& path);
 std::vector<std::string> Rows(const StringList& list);
+// A press and a release of the left button in the middle of a bar's thumb.
+void PressAndReleaseThumb(ctlScrollbar& bar);
 // A settings.ini of 72 lines, empty but for the given ones.
 std::string SettingsWith(std::initializer_list<std::pair<int, const char*>> lines);
 

@@ -1,5 +1,13 @@
 #include "support/Recorders.h"
 
+#include <filesystem>
+#include <memory>
+
+#include "core/form/Events.h"
+#include "core/form/Form.h"
+#include "core/form/Menu.h"
+#include "core/form/RuntimeError.h"
+
 namespace yarvo::test {
 
 namespace {
@@ -24,6 +32,29 @@ std::string RecordingDesktop::BrowseForFolder(const std::string& title) {
   folderTitles.push_back(title);
   return Next(folderAnswers);
 }
+
+Picture RecordingDesktop::LoadPicture(const std::string& path) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) throw err::FileNotFound();
+  picturesLoaded.push_back(path);
+  auto image = std::make_shared<Image>();
+  image->width = 1;
+  image->height = 1;
+  image->argb = {0xFF000000u};
+  return Picture(std::move(image), path);
+}
+
+void RecordingDesktop::PopupMenu(const Form& form, Menu& menu, int x, int y) {
+  popups.push_back({&form, menu.Name(), x, y});
+  if (choose.empty()) return;
+  const std::string name = Next(choose);
+  for (Control* control : menu.Owner().Controls()) {
+    auto* item = dynamic_cast<Menu*>(control);
+    if (item && item->Name() == name && item->Click) RunEvent(item->Click);
+  }
+}
+
+void RecordingDesktop::DragWindow(Form& form, int hitCode) { drags.push_back({&form, hitCode}); }
 
 double ScriptedRandom::Rnd() {
   if (values.empty()) return 0;

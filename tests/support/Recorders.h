@@ -25,6 +25,25 @@ class RecordingDesktop final : public Desktop {
   void OpenWebPage(const std::string&) override {}
   TwipsSize ScreenSize() const override { return {1920 * 15, 1080 * 15}; }
   void DoEvents() override {}
+  ScreenPoint CursorPos() const override { return cursor; }
+  const Form* FormAt(ScreenPoint) const override { return formUnderCursor; }
+  // A picture for a file that exists, named after it; no pixels of its own
+  // beyond a size of 1 by 1.
+  Picture LoadPicture(const std::string& path) override;
+  // Records the popup; the chosen item (see `choose`) runs its Click.
+  void PopupMenu(const Form& form, Menu& menu, int x, int y) override;
+  void DragWindow(Form& form, int hitCode) override;
+
+  struct Popup {
+    const Form* form;
+    std::string menu;
+    int x;
+    int y;
+  };
+  struct Drag {
+    const Form* form;
+    int hitCode;
+  };
 
   std::vector<Message> messages;
   std::vector<OpenFileRequest> fileRequests;
@@ -32,6 +51,14 @@ class RecordingDesktop final : public Desktop {
   // What the next dialogs answer, in order; "" (cancel) when empty.
   std::deque<std::string> fileAnswers;
   std::deque<std::string> folderAnswers;
+  std::vector<std::string> picturesLoaded;
+  std::vector<Popup> popups;
+  std::vector<Drag> drags;
+  // What the next popups choose, by the items' names, in order; nothing
+  // when empty.
+  std::deque<std::string> choose;
+  ScreenPoint cursor{-1, -1};
+  const Form* formUnderCursor = nullptr;
 };
 
 class FakeProcess final : public ProcessControl {

@@ -23,7 +23,10 @@ struct MouseEvent {
   double y = 0;
 };
 
-class Control {
+class Control : public PropertyOwner {
+  // First: the properties below, and those of subclasses, are this control's.
+  OwnsLaterProperties ownership_{this};
+
  public:
   // Registers the control with its form, which lists it for the host.
   Control(Form* owner, std::string name, int index = -1);
@@ -45,8 +48,25 @@ class Control {
   Property<Colour> BackColor{0xFFFFFF};
   StringField ToolTipText;
   Property<int> MousePointer{0};
+  // The text's font: the desktop's sans-serif face at this size in points.
+  Property<int> FontSize{8};
+  Property<bool> FontBold{false};
 
   void Move(int left, int top, int width, int height);
+
+  // The frame or picture box the control stands in: its Left and Top count
+  // from that container's top left corner, it shows only inside it and only
+  // while it shows. nullptr for the form itself.
+  Control* Container() const { return container_; }
+  void SetContainer(Control* container);
+  // Left and Top from the form's top left corner, through the containers.
+  int FormLeft() const;
+  int FormTop() const;
+  // Whether the control shows: it and every container visible.
+  bool Shown() const;
+
+  // Marks the control changed for the host (see Form::TakeChanges).
+  void PropertyChanged() override;
   // Gives this control the keyboard focus of its form.
   void SetFocus();
   bool Contains(double x, double y) const;
@@ -68,9 +88,13 @@ class Control {
   std::function<void(const std::vector<std::string>& paths, double y)> FilesDropped;
 
  private:
+  friend class Form;
+
   Form* owner_;
   std::string name_;
   int index_;
+  Control* container_ = nullptr;
+  bool changed_ = false;
 };
 
 }  // namespace yarvo

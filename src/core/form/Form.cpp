@@ -19,6 +19,14 @@ Control* Form::FindControl(const std::string& name, int index) const {
   return nullptr;
 }
 
+Form::Changes Form::TakeChanges() {
+  Changes changes{windowChanged_, std::move(changedControls_)};
+  windowChanged_ = false;
+  changedControls_.clear();
+  for (Control* control : changes.controls) control->changed_ = false;
+  return changes;
+}
+
 void Form::SetFocus(Control* control) {
   if (control == focused_) return;
   Control* old = focused_;

@@ -18,7 +18,28 @@ namespace yarvo {
 
 enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 
-class Form {
+// The outline of a window: a rectangle from (0, 0) with rounded corners, in
+// pixels; the window shows only inside it. Empty: the whole window shows.
+// A window's rectangle on the screen, in pixels, right and bottom exclusive.
+struct ScreenRect {
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+  bool operator==(const ScreenRect&) const = default;
+};
+
+struct WindowRegion {
+  int width = 0;
+  int height = 0;
+  int radius = 0;
+  bool operator==(const WindowRegion&) const = default;
+};
+
+class Form : public PropertyOwner {
+  // First: the properties below, and those of subclasses, are this form's.
+  OwnsLaterProperties ownership_{this};
+
  public:
   explicit Form(std::string name);
   Form(const Form&) = delete;
@@ -44,6 +65,7 @@ class Form {
   Property<yarvo::Picture> Picture;
   Property<int> MousePointer{0};
   Property<bool> AlwaysOnTop{false};
+  Property<WindowRegion> Region;
 
   // The control that takes the keys; nullptr when the window itself has it.
   Control* ActiveControl() const { return focused_; }
@@ -55,13 +77,33 @@ class Form {
   void Hide() { Visible = false; }
   void Move(int left, int top, int width, int height);
 
+  // What changed since the host last asked: the form's own properties
+  // (caption, place, visibility...) and, once each in the order they
+  // changed, the controls whose properties changed.
+  struct Changes {
+    bool window = false;
+    std::vector<Control*> controls;
+  };
+  Changes TakeChanges();
+  bool Changed() const { return windowChanged_ || !changedControls_.empty(); }
+  void PropertyChanged() override { windowChanged_ = true; }
+
   std::function<void()> Load;
   std::function<void()> Activate;
   std::function<void()> Deactivate;
   std::function<void()> Resize;  // runs when Width or Height changes
+  // The program's own move or size of the window (see Desktop::DragWindow):
+  // EnterSizeMove once as it starts, then Moving or Sizing at each step with
+  // the rectangle the pointer asks for, which they may change; the window
+  // takes the rectangle as they leave it. `edge` is 8 for the bottom right
+  // corner.
+  std::function<void()> EnterSizeMove;
+  std::function<void(ScreenRect& rect)> Moving;
+  std::function<void(ScreenRect& rect, int edge)> Sizing;
   std::function<void()> QueryUnload;
   std::function<void()> Unload;
   std::function<void(int& keyCode, int shift)> KeyDown;
+  std::function<void()> DblClick;
   std::function<void(const MouseEvent&)> MouseDown;
   std::function<void(const MouseEvent&)> MouseMove;
   std::function<void(const MouseEvent&)> MouseUp;
@@ -73,6 +115,8 @@ class Form {
   std::string name_;
   std::vector<Control*> controls_;
   Control* focused_ = nullptr;
+  bool windowChanged_ = true;  // a new form is drawn whole
+  std::vector<Control*> changedControls_;
 };
 
 }  // namespace yarvo

@@ -30,10 +30,13 @@ void ListBox::SetTicked(int row, bool ticked) {
     ticks_.resize(static_cast<std::size_t>(ListCount()));
   if (ticks_[static_cast<std::size_t>(row)] == ticked) return;
   ticks_[static_cast<std::size_t>(row)] = ticked;
-  ++modelRevision();
+  Changed();
 }
 
-void ListBox::Changed() { ++modelRevision(); }
+void ListBox::Changed() {
+  ++modelRevision();
+  PropertyChanged();
+}
 
 void ListBox::CursorMoved() {
   if (Click) Click();

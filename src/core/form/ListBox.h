@@ -19,8 +19,6 @@ class ListBox : public Control, public StringList {
 
   // The first row shown; the host keeps it within the rows.
   Property<int> TopIndex{0};
-  Property<int> FontSize{8};
-  Property<bool> FontBold{false};
   Property<bool> Sorted{false};
 
   // The height of one row in pixels, as the list draws it: its font size in

@@ -2,6 +2,7 @@
 // A picture held by a control or an image slot: decoded pixels shared between
 // every holder, and the file they came from.
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -16,6 +17,15 @@ struct Image {
   int width = 0;
   int height = 0;
   std::vector<std::uint32_t> argb;  // row-major, top row first, 0xAARRGGBB
+};
+
+// A picture of 8-bit palette indices, as the program draws it into a
+// surface: rows bottom up, each `width` bytes.
+struct IndexedImage {
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint8_t> pixels;
+  std::array<std::uint32_t, 256> palette{};  // 0x00RRGGBB
 };
 
 class Picture {

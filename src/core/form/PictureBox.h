@@ -2,18 +2,29 @@
 // A control that shows a picture: images, picture boxes, frames, buttons.
 
 #include <cstdint>
+#include <memory>
 
 #include "core/form/Control.h"
 
 namespace yarvo {
 
+// A picture box is opaque: its back colour fills it under the picture. An
+// image (Transparent) shows only its picture, which is stretched over it or,
+// unstretched, sizes it.
 class PictureBox : public Control {
  public:
-  PictureBox(Form* owner, std::string name, int index = -1)
-      : Control(owner, std::move(name), index) {}
+  PictureBox(Form* owner, std::string name, int index = -1);
 
   Property<yarvo::Picture> Picture;
+  Property<bool> Transparent{false};
+  Property<bool> Stretch{false};
+  // A picture drawn on the surface at (0, 0) by the program, over Picture:
+  // gone when Picture changes or the surface is cleared.
+  Property<std::shared_ptr<const IndexedImage>> Drawing;
   StringField Caption;  // frames and buttons carry one
+
+  // Clears what the program drew, and the picture.
+  void Cls();
   // A control that the media service draws video into asks the host for a
   // native window of its own; hWnd names it (0 while it has none).
   bool NativeSurface = false;

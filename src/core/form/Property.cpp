@@ -7,4 +7,9 @@ std::uint64_t& modelRevision() {
   return revision;
 }
 
+PropertyOwner::~PropertyOwner() {
+  // No property made later may take a dead owner.
+  if (detail::constructingOwner == this) detail::constructingOwner = nullptr;
+}
+
 }  // namespace yarvo

@@ -3,7 +3,8 @@
 //
 // Controls keep their state in properties so that an assignment from code runs
 // the control's change handler, as a user's click does, and so that the Qt host
-// can tell that the model needs repainting. Single-threaded: models live on the
+// can tell what needs repainting: each property knows the control or form it
+// belongs to and marks it changed. Single-threaded: models live on the
 // interface thread only.
 
 #include <cstdint>
@@ -13,8 +14,35 @@
 
 namespace yarvo {
 
-// Bumped by every change of any property; the host repaints when it moved.
+// Bumped by every change of any property; the host looks for marked controls
+// and forms when it moved.
 std::uint64_t& modelRevision();
+
+// What a property belongs to: a control or a form, told of every change.
+class PropertyOwner {
+ public:
+  virtual void PropertyChanged() = 0;
+
+ protected:
+  PropertyOwner() = default;
+  ~PropertyOwner();
+  PropertyOwner(const PropertyOwner&) = delete;
+  PropertyOwner& operator=(const PropertyOwner&) = delete;
+};
+
+namespace detail {
+// The owner of the properties being constructed: a property takes as its
+// owner the control or form whose construction began last, which for the
+// members of a control or form is the object they are members of.
+inline thread_local PropertyOwner* constructingOwner = nullptr;
+}  // namespace detail
+
+// The first member of a control or form: the properties declared after it,
+// in the class and in its subclasses, belong to `owner`.
+class OwnsLaterProperties {
+ public:
+  explicit OwnsLaterProperties(PropertyOwner* owner) { detail::constructingOwner = owner; }
+};
 
 template <class T>
 class Property {
@@ -39,6 +67,7 @@ class Property {
     if (value == value_) return;
     value_ = std::move(value);
     ++modelRevision();
+    if (owner_) owner_->PropertyChanged();
     if (onChange_) onChange_();
   }
 
@@ -50,6 +79,7 @@ class Property {
 
  private:
   T value_{};
+  PropertyOwner* owner_ = detail::constructingOwner;
   std::function<void()> onChange_;
 };
 

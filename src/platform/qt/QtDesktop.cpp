@@ -1,16 +1,21 @@
 #include "platform/qt/QtDesktop.h"
 
+#include "core/form/RuntimeError.h"
 #include "core/form/Twips.h"
 #include "platform/qt/QtEvents.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QImageReader>
 #include <QMessageBox>
 #include <QScreen>
 #include <QUrl>
 
+#include <algorithm>
 #include <cstdio>
+#include <memory>
 
 namespace yarvo {
 
@@ -82,6 +87,29 @@ TwipsSize QtDesktop::ScreenSize() const {
   const QScreen* screen = QGuiApplication::primaryScreen();
   const QSize size = screen ? screen->size() : QSize(1920, 1080);
   return {size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel};
+}
+
+ScreenPoint QtDesktop::CursorPos() const {
+  const QPoint at = QCursor::pos();
+  return {at.x(), at.y()};
+}
+
+// Decoded once into 32-bit pixels; every holder shares them.
+Picture QtDesktop::LoadPicture(const std::string& path) {
+  QImageReader reader(FromUtf8(path));
+  const QImage decoded = reader.read();
+  if (decoded.isNull()) throw err::FileNotFound();
+  const QImage argb = decoded.convertToFormat(QImage::Format_ARGB32);
+  auto image = std::make_shared<Image>();
+  image->width = argb.width();
+  image->height = argb.height();
+  image->argb.resize(static_cast<std::size_t>(argb.width()) * argb.height());
+  for (int y = 0; y < argb.height(); ++y) {
+    const auto* row = reinterpret_cast<const std::uint32_t*>(argb.constScanLine(y));
+    std::copy(row, row + argb.width(),
+              image->argb.begin() + static_cast<std::ptrdiff_t>(y) * argb.width());
+  }
+  return Picture(std::move(image), path);
 }
 
 void QtDesktop::DoEvents() {

@@ -1,11 +1,12 @@
 #pragma once
-// The desktop's dialogs for the program, with Qt widgets.
+// The desktop's dialogs, pictures and pointer for the program, with Qt. The
+// window host adds what needs its windows: the form at a point, popup menus.
 
 #include "platform/Desktop.h"
 
 namespace yarvo {
 
-class QtDesktop final : public Desktop {
+class QtDesktop : public Desktop {
  public:
   void MsgBox(const std::string& prompt, const std::string& title) override;
   std::string GetOpenFileName(const OpenFileRequest& request) override;
@@ -13,6 +14,8 @@ class QtDesktop final : public Desktop {
   void OpenWebPage(const std::string& url) override;
   TwipsSize ScreenSize() const override;
   void DoEvents() override;
+  ScreenPoint CursorPos() const override;
+  Picture LoadPicture(const std::string& path) override;
 };
 
 }  // namespace yarvo

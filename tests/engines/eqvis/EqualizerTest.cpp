@@ -38,7 +38,12 @@ class EqualizerTest : public test::ProgramFixture {
   }
   float Gain(int band) { return Band(band).fGain; }
   float Mix() { return bass.reverbs.at(P().frmBass().fx[10]).fReverbMix; }
-  Slider& Eq(int b) { return P().Main().sldEQR(b); }
+  ctlScrollbar& Eq(int b) { return P().Main().sldEQR(b); }
+  // A move by the user: the bar's new value, and its Change.
+  void Move(int b, double value) {
+    Eq(b).value = value;
+    Eq(b).Change();
+  }
   std::string Tip(int b) { return Eq(b).ToolTipText; }
 };
 
@@ -52,8 +57,7 @@ TEST_F(EqualizerTest, ASlidersValueIsHeardAsWholeDecibels) {
        {std::pair{0, 10.0f}, {3, 9.0f}, {2, 10.0f}, {53, -1.0f}, {50, 0.0f}, {100, -10.0f}}) {
     for (int band = 0; band < 10; ++band) {
       SCOPED_TRACE(testing::Message() << "value " << value << ", band " << band);
-      Eq(band).Value = value + 1;  // a move, whatever the start
-      Eq(band).Value = value;
+      Move(band, value);
       EXPECT_EQ(Band(band).fCenter, kCentres[band]);
       EXPECT_EQ(Band(band).fBandwidth, 18.0f);
       EXPECT_EQ(Gain(band), gain);
@@ -69,18 +73,18 @@ TEST_F(EqualizerTest, ASlidersValueIsHeardAsWholeDecibels) {
 TEST_F(EqualizerTest, TheReverbFollowsACubeFromDryAtTheBottomToFullAtTheTop) {
   Play();
   EXPECT_EQ(Mix(), -96.0f) << "the reverb slider starts at the bottom";
-  Eq(10).Value = 0;
+  Move(10, 0);
   EXPECT_EQ(Mix(), 0.0f);
   EXPECT_EQ(Tip(10), "100");
-  Eq(10).Value = 50;
+  Move(10, 50);
   EXPECT_FLOAT_EQ(Mix(), -12.0f);
   EXPECT_EQ(Tip(10), "50");
 }
 
 TEST_F(EqualizerTest, OffFlattensTheBandsAndLowersTheReverbButKeepsTheSliders) {
   Play();
-  Eq(2).Value = 0;
-  Eq(10).Value = 0;
+  Move(2, 0);
+  Move(10, 0);
   P().Options().Option13.Value = true;
   for (int b = 0; b < 10; ++b) {
     SCOPED_TRACE(b);
@@ -89,9 +93,9 @@ TEST_F(EqualizerTest, OffFlattensTheBandsAndLowersTheReverbButKeepsTheSliders) {
   }
   EXPECT_EQ(Mix(), -12.0f);
   EXPECT_EQ(Tip(10), "50");
-  EXPECT_EQ(Eq(2).Value.get(), 0);
+  EXPECT_EQ(Eq(2).value, 0.0);
 
-  Eq(4).Value = 100;
+  Move(4, 100);
   EXPECT_EQ(Gain(4), 0.0f) << "while off a move is not heard";
   EXPECT_EQ(Tip(4), "0");
 
@@ -103,8 +107,10 @@ TEST_F(EqualizerTest, OffFlattensTheBandsAndLowersTheReverbButKeepsTheSliders) {
 }
 
 TEST_F(EqualizerTest, TheButtonAndTheOptionsPageSwitchTheEqualizerAndItsPicture) {
+  for (const char* name : {"button2.bmp", "button2b.bmp"})
+    test::WriteBytes(folder / "Skins/Default" / name, "BM");
   Play();
-  Eq(0).Value = 0;
+  Move(0, 0);
   auto& main = P().Main();
   auto picture = [&] { return main.ImgButton2.Picture.get().Source(); };
   main.ImgButton2.Click();
@@ -121,7 +127,7 @@ TEST_F(EqualizerTest, TheButtonAndTheOptionsPageSwitchTheEqualizerAndItsPicture)
 }
 
 TEST_F(EqualizerTest, AMoveBetweenSongsIsHeardFromTheNextStream) {
-  Eq(7).Value = 0;
+  Move(7, 0);
   EXPECT_EQ(Tip(7), "50") << "the tool tip follows at once";
   EXPECT_TRUE(bass.bands.empty()) << "no channel, no effect";
   Play();
@@ -142,7 +148,7 @@ class PresetTest : public EqualizerTest {
   std::string File() { return folder / "eqpreset.ini"; }
   void WriteFile(const std::string& bytes) { test::WriteBytes(File(), bytes); }
   FormPreset& Dialog() { return P().FormPreset(); }
-  int Slider(int b) { return Eq(b).Value; }
+  int Slider(int b) { return static_cast<int>(Eq(b).value); }
   void ClickName(int row) { Dialog().ListaPreset.SetListIndex(row); }
 };
 
@@ -161,7 +167,7 @@ TEST_F(PresetTest, SaveAppendsARecordOfTheNameAndTheTenBandsWhereLoadWritesNothi
   EXPECT_EQ(P().LoadedFormPreset(), nullptr);
 
   WriteFile(Record("Flat", 50, 0));
-  for (int b = 0; b <= 10; ++b) P().Main().sldEQR(b).Value = 5 * b;
+  for (int b = 0; b <= 10; ++b) P().Main().sldEQR(b).value = 5 * b;
   SavePreset();
   EXPECT_TRUE(Dialog().Visible.get());
   EXPECT_TRUE(Dialog().NumePreset.Visible.get());
@@ -263,13 +269,14 @@ class HeardEqualizerTest : public test::RealLibraryFixture {
 
 TEST_F(HeardEqualizerTest, TheOneKilohertzBandAtTheTopIsHeardTenDecibelsLouderAtOnce) {
   StartReal();
-  R().Main().Volum.Value = 100;
+  R().Main().Volum.value = 100;
   const auto path = media_ / "tone.wav";
   audio::test::writeWav(path, audio::test::sine(1000, 0.1, 3.0), true);
   PlayFile(path);
   const double flat = Tone(0.5);
   ASSERT_GT(flat, 0.05);
-  R().Main().sldEQR(5).Value = 0;
+  R().Main().sldEQR(5).value = 0;  // as a drag leaves it, telling as it goes
+  R().Main().sldEQR(5).Change();
   EXPECT_NEAR(audio::test::toDb(Tone(0.5) / flat), 10.0, 0.5);
   R().Options().Option13.Value = true;
   EXPECT_NEAR(audio::test::toDb(Tone(0.5) / flat), 0.0, 0.5) << "off is flat again";

@@ -41,7 +41,7 @@ class SongRoadTest : public test::RealLibraryFixture {
       R().DataForm().ListaCale.AddItem(path.string());
     }
     ListNoChar(R().Playlist().PicList, R().DataForm().ListaCale);
-    R().Main().Volum.Value = 100;
+    R().Main().Volum.value = 100;
     R().DataForm().MiniMode = "False";
   }
 

@@ -1,0 +1,25 @@
+#include "core/form/PictureBox.h"
+
+#include "core/form/Twips.h"
+
+namespace yarvo {
+
+PictureBox::PictureBox(Form* owner, std::string name, int index)
+    : Control(owner, std::move(name), index) {
+  Picture.onChange([this] {
+    Drawing = nullptr;
+    // An unstretched image takes the size of its picture.
+    const Image* pixels = Picture.get().Pixels();
+    if (Transparent && !Stretch && pixels && pixels->width > 0) {
+      Width = pixels->width * kTwipsPerPixel;
+      Height = pixels->height * kTwipsPerPixel;
+    }
+  });
+}
+
+void PictureBox::Cls() {
+  Drawing = nullptr;
+  Picture = yarvo::Picture();
+}
+
+}  // namespace yarvo
