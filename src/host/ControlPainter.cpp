@@ -17,6 +17,7 @@
 #include "host/PicturePainter.h"
 #include "host/ScrollbarPainter.h"
 #include "host/SystemColours.h"
+#include "windows/Butoane.h"
 #include "windows/ctlScrollbar.h"
 
 namespace yarvo {
@@ -116,6 +117,22 @@ void PaintSlider(QPainter& p, const Slider& slider, const QRect& r) {
   p.drawRect(thumb);
 }
 
+// The plate, and the state pictures that lie on it (a hidden one lies below
+// the control and is cut off).
+void PaintButoane(QPainter& p, const Butoane& buttons, const QRect& r) {
+  if (const Image* plate = buttons.Background.get().Pixels())
+    p.drawImage(r.topLeft(), ToQImage(*plate));
+  for (const ButoaneImage* image :
+       {&buttons.PauzaFocus, &buttons.BackFocus, &buttons.PlayFocus, &buttons.NextFocus,
+        &buttons.StopFocus, &buttons.PauzaPressed, &buttons.BackPressed, &buttons.PlayPressed,
+        &buttons.NextPressed, &buttons.StopPressed}) {
+    const Image* pixels = image->Picture.get().Pixels();
+    if (!pixels) continue;
+    p.drawImage(r.topLeft() + QPoint(image->Left / kTwipsPerPixel, image->Top / kTwipsPerPixel),
+                ToQImage(*pixels));
+  }
+}
+
 }  // namespace
 
 QRect WindowRect(const Control& c) {
@@ -134,6 +151,8 @@ void PaintControl(QPainter& painter, const Control& control) {
   const QRect r = WindowRect(control);
   if (const auto* label = dynamic_cast<const Label*>(&control)) {
     PaintLabel(painter, *label, r);
+  } else if (const auto* buttons = dynamic_cast<const Butoane*>(&control)) {
+    PaintButoane(painter, *buttons, r);
   } else if (const auto* bar = dynamic_cast<const ctlScrollbar*>(&control)) {
     PaintScrollbar(painter, *bar, r.topLeft());
   } else if (const auto* list = dynamic_cast<const ListBox*>(&control)) {

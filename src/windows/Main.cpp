@@ -39,6 +39,7 @@ Main::Main() : SkinnedForm("Main") {
   for (int band = 0; band < 10; ++band) sldEQR(band).value = 50;
   sldEQR(10).value = 100;
   BindEqualizer();
+  BindFrame();
   TimerMisc(0).Tick = [this] { Main_TimerMisc_Timer(); };
   TimeCounter.Tick = [this] { Main_TimeCounter_Timer(); };
   ScrollTextTimer.Tick = [this] { Main_ScrollTextTimer_Timer(); };

@@ -8,6 +8,7 @@
 #include "core/form/PictureBox.h"
 #include "core/form/TextBox.h"
 #include "core/form/Timer.h"
+#include "windows/Butoane.h"
 #include "windows/SkinnedForm.h"
 #include "windows/ctlScrollbar.h"
 
@@ -70,6 +71,7 @@ class Main : public SkinnedForm {
   ControlArray<ctlScrollbar> sldEQR{this, "sldEQR", 11, 0, 100.0, 10.0};
 
   PictureBox RightFrame{this, "RightFrame"};
+  Butoane Butoane1{this, "Butoane1"};
   PictureBox Image3{this, "Image3"};
   PictureBox Image4{this, "Image4"};
   Label InfoLabel{this, "InfoLabel", "Info"};
@@ -119,6 +121,8 @@ class Main : public SkinnedForm {
   void Main_Form_Load();
   // The design-time places of the controls.
   void LayOutControls();
+  // The frame's events: drag, menu bar, resize grip, close button.
+  void BindFrame();
   void RepairMediaDrivers();
   void VolumChange();
   void VolumFocus();

@@ -4,27 +4,36 @@
 // to Main.
 
 #include "core/form/ControlArray.h"
-#include "core/form/Form.h"
 #include "core/form/Label.h"
 #include "core/form/PictureBox.h"
 #include "core/form/TextBox.h"
 #include "core/form/Timer.h"
+#include "windows/Butoane.h"
+#include "windows/SkinnedForm.h"
 #include "windows/ctlScrollbar.h"
 
 namespace yarvo {
 
-class MiniForm : public Form {
+class MiniForm : public SkinnedForm {
  public:
   MiniForm();
 
+  PictureBox Meniu1{this, "Meniu1"}, Meniu2{this, "Meniu2"}, Meniu3{this, "Meniu3"};
+  Label Label1{this, "Label1", "File"}, Label3{this, "Label3", "Options"},
+      Label4{this, "Label4", "Help"};
   Label LabelVideo{this, "LabelVideo", ""};
+  PictureBox MinimizeButton{this, "MinimizeButton"};
+  PictureBox CloseButton{this, "CloseButton"};
+  PictureBox Image1{this, "Image1"};  // the panel
   Label TSec{this, "TSec", "00:00"};
   Label TotalTime{this, "TotalTime", "00:00"};
   Label StarePlayer{this, "StarePlayer", ""};
   Label Titlu{this, "Titlu", ""};
   PictureBox Visualisation{this, "Visualisation"};
+  Butoane Butoane1{this, "Butoane1"};
   ctlScrollbar Volum{this, "Volum", 1, 100.0, 5.0};
   ControlArray<ctlScrollbar> SliderMoveMultimedia{this, "SliderMoveMultimedia", 1, 1, 100.0, 1.0};
+  PictureBox ImagineVolum{this, "ImagineVolum"};
   TextBox KeyFocus{this, "KeyFocus"};
   Timer Timer1{this, "Timer1", 500, true};
 
@@ -33,6 +42,8 @@ class MiniForm : public Form {
 
  private:
   void MiniForm_Form_Load();
+  void LoadSkin();
+  void MiniForm_Form_Resize();
 };
 
 }  // namespace yarvo

@@ -138,45 +138,28 @@ void LoadWindowPictures() {
   Load(store.ImgButtonFocus, "/button-focus.bmp");
 }
 
+constexpr std::array<std::pair<PictureBox SkinnedForm::*, const char*>, 8> kEdges = {
+    {{&SkinnedForm::ImgTopLeft, "/top-left.bmp"},
+     {&SkinnedForm::ImgTopCenter, "/top.bmp"},
+     {&SkinnedForm::ImgTopRight, "/top-right.bmp"},
+     {&SkinnedForm::ImgRight, "/right.bmp"},
+     {&SkinnedForm::ImgBottomRight, "/bottom-right.bmp"},
+     {&SkinnedForm::ImgBottomCenter, "/bottom.bmp"},
+     {&SkinnedForm::ImgBottomLeft, "/bottom-left.bmp"},
+     {&SkinnedForm::ImgLeft, "/left.bmp"}}};
+
+// Loaded into Main; the playlist and the library copy Main's.
 void LoadFramePictures() {
   auto& p = program();
   auto& main = p.Main();
-  static constexpr std::array<std::pair<PictureBox SkinnedForm::*, const char*>, 8> kEdges = {
-      {{&SkinnedForm::ImgTopLeft, "/top-left.bmp"},
-       {&SkinnedForm::ImgTopCenter, "/top.bmp"},
-       {&SkinnedForm::ImgTopRight, "/top-right.bmp"},
-       {&SkinnedForm::ImgRight, "/right.bmp"},
-       {&SkinnedForm::ImgBottomRight, "/bottom-right.bmp"},
-       {&SkinnedForm::ImgBottomCenter, "/bottom.bmp"},
-       {&SkinnedForm::ImgBottomLeft, "/bottom-left.bmp"},
-       {&SkinnedForm::ImgLeft, "/left.bmp"}}};
+  LoadEdgePictures(main);
   for (const auto& [edge, file] : kEdges) {
-    Load((main.*edge).Picture, file);
     for (SkinnedForm* other :
          {static_cast<SkinnedForm*>(&p.Playlist()), static_cast<SkinnedForm*>(&p.MediaLibrary())})
       ResumeNext([&] { (other->*edge).Picture = (main.*edge).Picture.get(); });
   }
   Load(main.Logo.Picture, "/logo.bmp");
   Load(main.ImagineVolum.Picture, "/vol-pic.bmp");
-}
-
-// The ten pictures of a bar, one load per picture: "v" or "h" bars, whose
-// buttons are "down"/"up" or "right"/"left", and whose thumb files are given.
-void LoadBarPictures(ctlScrollbar& bar, char kind, const std::string& thumb,
-                     const std::string& thumbFocus) {
-  const std::string prefix = std::string("/") + kind + "-scrollbar-";
-  const std::string down = prefix + (kind == 'v' ? "down.bmp" : "right.bmp");
-  const std::string up = prefix + (kind == 'v' ? "up.bmp" : "left.bmp");
-  Load(bar.BackgroundPicture, prefix + "background.bmp");
-  Load(bar.DownButtonNormal, down);
-  Load(bar.DownButtonHover, down);
-  Load(bar.DownButtonDown, down);
-  Load(bar.UpButtonNormal, up);
-  Load(bar.UpButtonHover, up);
-  Load(bar.UpButtonDown, up);
-  Load(bar.ThumbButtonNormal, thumb);
-  Load(bar.ThumbButtonHover, thumbFocus);
-  Load(bar.ThumbButtonDown, thumbFocus);
 }
 
 void LoadScrollBarPictures() {
@@ -252,6 +235,27 @@ std::string SkinFile(const std::string& name) {
 
 Picture LoadSkinPicture(const std::string& name) {
   return program().desktop().LoadPicture(SkinFile(name));
+}
+
+void LoadBarPictures(ctlScrollbar& bar, char kind, const std::string& thumb,
+                     const std::string& thumbFocus) {
+  const std::string prefix = std::string("/") + kind + "-scrollbar-";
+  const std::string down = prefix + (kind == 'v' ? "down.bmp" : "right.bmp");
+  const std::string up = prefix + (kind == 'v' ? "up.bmp" : "left.bmp");
+  Load(bar.BackgroundPicture, prefix + "background.bmp");
+  Load(bar.DownButtonNormal, down);
+  Load(bar.DownButtonHover, down);
+  Load(bar.DownButtonDown, down);
+  Load(bar.UpButtonNormal, up);
+  Load(bar.UpButtonHover, up);
+  Load(bar.UpButtonDown, up);
+  Load(bar.ThumbButtonNormal, thumb);
+  Load(bar.ThumbButtonHover, thumbFocus);
+  Load(bar.ThumbButtonDown, thumbFocus);
+}
+
+void LoadEdgePictures(SkinnedForm& form) {
+  for (const auto& [edge, file] : kEdges) Load((form.*edge).Picture, file);
 }
 
 void ShowIdlePicture() {

@@ -13,6 +13,9 @@
 
 namespace yarvo {
 
+class SkinnedForm;
+class ctlScrollbar;
+
 // The colour the last colour name set; 0 at the start.
 struct SkinState {
   Colour SkinColor = 0;
@@ -35,5 +38,13 @@ Picture LoadSkinPicture(const std::string& name);
 
 // The idle picture of the visualisation area, loaded from the current skin.
 void ShowIdlePicture();
+
+// The skin's eight edge pictures into the frame of `form`, one load each.
+void LoadEdgePictures(SkinnedForm& form);
+
+// The ten pictures of a bar, one load per picture: "v" or "h" bars, whose
+// buttons are "down"/"up" or "right"/"left", and whose thumb files are given.
+void LoadBarPictures(ctlScrollbar& bar, char kind, const std::string& thumb,
+                     const std::string& thumbFocus);
 
 }  // namespace yarvo

@@ -1,6 +1,7 @@
 #include "support/Recorders.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "core/form/Events.h"
@@ -48,10 +49,14 @@ void RecordingDesktop::PopupMenu(const Form& form, Menu& menu, int x, int y) {
   popups.push_back({&form, menu.Name(), x, y});
   if (choose.empty()) return;
   const std::string name = Next(choose);
-  for (Control* control : menu.Owner().Controls()) {
-    auto* item = dynamic_cast<Menu*>(control);
-    if (item && item->Name() == name && item->Click) RunEvent(item->Click);
-  }
+  std::function<Menu*(Menu&)> find = [&](Menu& in) -> Menu* {
+    for (Menu* item : in.Items()) {
+      if (item->Name() == name) return item;
+      if (Menu* deeper = find(*item)) return deeper;
+    }
+    return nullptr;
+  };
+  if (Menu* item = find(menu); item && item->Click) RunEvent(item->Click);
 }
 
 void RecordingDesktop::DragWindow(Form& form, int hitCode) { drags.push_back({&form, hitCode}); }
