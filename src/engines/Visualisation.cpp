@@ -162,6 +162,7 @@ void SetUpSpectrum() {
   auto& state = modSpectrum();
   auto& options = p.Options();
   state.specPos = 0;
+  state.parked = false;
   if (options.Option8.Value) state.specMode = kModeBars;
   if (options.Option9.Value) state.specMode = 0;
   if (options.Option10.Value) state.specMode = kModeSpectrogram;
@@ -187,22 +188,16 @@ void DrawSpectrum(SpectrumState& state, BassApi& bass, DWORD channel) {
   }
 }
 
-Image SpectrumImage(const SpectrumState& state) {
-  std::array<std::uint32_t, 256> argb{};
-  for (std::size_t i = 0; i < argb.size(); ++i) {
+std::shared_ptr<const IndexedImage> SpectrumFrame(const SpectrumState& state) {
+  auto frame = std::make_shared<IndexedImage>();
+  frame->width = kSpecWidth;
+  frame->height = kSpecHeight;
+  frame->pixels.assign(state.specBuf.begin(), state.specBuf.begin() + kSpecWidth * kSpecHeight);
+  for (std::size_t i = 0; i < frame->palette.size(); ++i) {
     const PaletteEntry& c = state.palette[i];
-    argb[i] = 0xFF000000u | std::uint32_t{c.red} << 16 | std::uint32_t{c.green} << 8 | c.blue;
+    frame->palette[i] = std::uint32_t{c.red} << 16 | std::uint32_t{c.green} << 8 | c.blue;
   }
-  Image image;
-  image.width = kSpecWidth;
-  image.height = kSpecHeight;
-  image.argb.resize(static_cast<std::size_t>(kSpecWidth * kSpecHeight));
-  for (int y = 0; y < kSpecHeight; ++y) {
-    const auto* row = state.specBuf.data() + y * kSpecWidth;
-    auto* out = image.argb.data() + (kSpecHeight - 1 - y) * kSpecWidth;
-    for (int x = 0; x < kSpecWidth; ++x) out[x] = argb[row[x]];
-  }
-  return image;
+  return frame;
 }
 
 void UpdateSpectrum() {
@@ -213,13 +208,29 @@ void UpdateSpectrum() {
     DrawSpectrum(state, p.bass(), channel);
   });
   ResumeNext([&] {
-    yarvo::Picture picture(std::make_shared<const Image>(SpectrumImage(state)), {});
+    auto frame = SpectrumFrame(state);
     if (p.DataForm().MiniMode == "True") {
-      p.MiniForm().Visualisation.Picture = std::move(picture);
+      p.MiniForm().Visualisation.Drawing = std::move(frame);
     } else {
-      p.Main().Visualisation.Picture = std::move(picture);
+      p.Main().Visualisation.Drawing = std::move(frame);
     }
   });
+}
+
+bool SpectrumSurfaceSeen() {
+  auto& p = program();
+  const bool mini = p.DataForm().MiniMode == "True";
+  const Form* window = mini ? static_cast<const Form*>(p.LoadedMiniForm()) : &p.Main();
+  if (!window || !window->Visible || window->WindowState == WindowState::Minimized) return false;
+  return mini ? p.LoadedMiniForm()->Visualisation.Shown() : p.Main().Visualisation.Shown();
+}
+
+void ResumeParkedSpectrum() {
+  auto& p = program();
+  auto& state = modSpectrum();
+  if (!state.parked || !SpectrumSurfaceSeen()) return;
+  state.parked = false;
+  if (p.frmBass().BassON == "True") p.frmBass().tmrSpectrum.Enabled = true;
 }
 
 }  // namespace yarvo

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "core/form/Picture.h"
@@ -42,6 +43,8 @@ struct SpectrumState {
   // Samples of mode 3, kept between frames so that a frame allocates nothing
   // but its picture.
   std::vector<float> samples;
+  // The timer stopped itself because no one could see the picture.
+  bool parked = false;
 };
 
 // The module's state in the running program.
@@ -63,11 +66,20 @@ void SetUpSpectrum();
 // A failed read of the channel draws an empty frame.
 void DrawSpectrum(SpectrumState& state, BassApi& bass, DWORD channel);
 
-// The picture of `state`: 180 x 40, top row first, through the palette.
-Image SpectrumImage(const SpectrumState& state);
+// The picture of `state` as the surface shows it: 180 x 40 palette indices,
+// bottom row first, and the palette.
+std::shared_ptr<const IndexedImage> SpectrumFrame(const SpectrumState& state);
 
 // One frame: draws from frmBass's channel and shows the picture in
 // Main.Visualisation, or MiniForm.Visualisation while MiniMode is "True".
 void UpdateSpectrum();
+
+// Whether the surface the frames go to can be seen: its window shown and not
+// minimised, and the surface itself shown.
+bool SpectrumSurfaceSeen();
+
+// Starts the frames again that stopped while no one could see them, once the
+// surface can be seen and a song plays through the audio engine.
+void ResumeParkedSpectrum();
 
 }  // namespace yarvo

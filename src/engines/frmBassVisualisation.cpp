@@ -13,11 +13,17 @@ namespace yarvo {
 void frmBass::tmrSpectrum_Timer() {
   auto& p = program();
   if (p.Options().Option4.Value) {
+    // No frames while no one can see them: the timer waits for the surface.
+    if (!SpectrumSurfaceSeen()) {
+      modSpectrum().parked = true;
+      tmrSpectrum.Enabled = false;
+      return;
+    }
     UpdateSpectrum();
     return;
   }
   tmrSpectrum.Enabled = false;
-  ResumeNext([&] { p.Main().Visualisation.Picture = yarvo::Picture(); });
+  ResumeNext([&] { p.Main().Visualisation.Cls(); });
 }
 
 void frmBass::ChangeSpectrumMode() {

@@ -43,6 +43,8 @@ Main::Main() : SkinnedForm("Main") {
   TimerMisc(0).Tick = [this] { Main_TimerMisc_Timer(); };
   TimeCounter.Tick = [this] { Main_TimeCounter_Timer(); };
   ScrollTextTimer.Tick = [this] { Main_ScrollTextTimer_Timer(); };
+  FixWindows.Tick = [this] { Main_FixWindows_Timer(); };
+  FixImages.Tick = [this] { Main_FixImages_Timer(); };
   LbActualCx(0).Change = [this] { Main_LbActualCx_Change(); };
   Resize = [this] { Main_Form_Resize(); };
   KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };

@@ -102,6 +102,8 @@ class Main : public SkinnedForm {
   void AnchorEdges();
   void Main_LbActualCx_Change();
   void Main_TimeCounter_Timer();
+  void Main_FixWindows_Timer();
+  void Main_FixImages_Timer();
   void Main_ScrollTextTimer_Timer();
   void Main_TimerMisc_Timer();
   void RotateTagLine();

@@ -97,7 +97,7 @@ TEST_F(SongRoadTest, ADoubleClickedRowPlaysToItsEndAndTheNextRowFollows) {
   const auto first = Heard({440, 880});
   EXPECT_GT(first[0], 0.4) << "a's tone reached the output";
   EXPECT_LT(first[1], 0.01);
-  EXPECT_FALSE(main.Visualisation.Picture.get().Empty()) << "the visualisation ran with the ticks";
+  EXPECT_NE(main.Visualisation.Drawing.get(), nullptr) << "the visualisation ran with the ticks";
 
   // Two seconds or less before the end the tick frees the channel; the
   // next tick finds it inactive and starts the next row.

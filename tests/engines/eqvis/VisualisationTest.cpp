@@ -28,9 +28,15 @@ using audio::test::sine;
 using audio::test::stereo;
 using audio::test::writeWav;
 
+// The colour at (x, y) of a drawn picture, y counted from the top.
+std::uint32_t ColourAt(const IndexedImage& image, int x, int y) {
+  return image.palette[image.pixels[static_cast<std::size_t>((image.height - 1 - y) * image.width +
+                                                             x)]];
+}
+
 // Writes `image` as a PNG file (8-bit RGB, no interlace), each pixel a square
 // of `scale`, so that a small picture can be looked at.
-void WritePng(const std::filesystem::path& path, const Image& image, int scale) {
+void WritePng(const std::filesystem::path& path, const IndexedImage& image, int scale) {
   const auto put32 = [](std::vector<std::uint8_t>& out, std::uint32_t value) {
     for (int shift = 24; shift >= 0; shift -= 8)
       out.push_back(static_cast<std::uint8_t>(value >> shift));
@@ -54,8 +60,7 @@ void WritePng(const std::filesystem::path& path, const Image& image, int scale) 
   for (int y = 0; y < image.height * scale; ++y) {
     raw.push_back(0);
     for (int x = 0; x < image.width * scale; ++x) {
-      const std::uint32_t argb =
-          image.argb[static_cast<std::size_t>((y / scale) * image.width + x / scale)];
+      const std::uint32_t argb = ColourAt(image, x / scale, y / scale);
       raw.insert(raw.end(),
                  {static_cast<std::uint8_t>(argb >> 16), static_cast<std::uint8_t>(argb >> 8),
                   static_cast<std::uint8_t>(argb)});
@@ -132,8 +137,8 @@ class VisualisationTest : public test::RealLibraryFixture {
   }
 
   void SavePicture(const std::string& name) {
-    const Image* image = R().Main().Visualisation.Picture.get().Pixels();
-    ASSERT_NE(image, nullptr) << "the tick gave Main.Visualisation no picture";
+    const auto image = R().Main().Visualisation.Drawing.get();
+    ASSERT_NE(image, nullptr) << "the tick drew nothing into Main.Visualisation";
     ASSERT_EQ(image->width, kSpecWidth);
     ASSERT_EQ(image->height, kSpecHeight);
     WritePng(std::filesystem::path(EQVIS_PICTURE_DIR) / (name + ".png"), *image, 4);
@@ -163,20 +168,20 @@ TEST_F(VisualisationTest, WaveModeStandsItsTallestColumnOnTheTonesBinInEitherWin
 
   // In mini mode the picture goes to the mini window only.
   auto& main = R().Main().Visualisation;
-  main.Picture = Picture();
+  main.Cls();
   R().DataForm().MiniMode = "True";
   clock.Advance(25);
-  EXPECT_TRUE(main.Picture.get().Empty());
-  const Image* mini = R().MiniForm().Visualisation.Picture.get().Pixels();
+  EXPECT_EQ(main.Drawing.get(), nullptr);
+  const auto mini = R().MiniForm().Visualisation.Drawing.get();
   ASSERT_NE(mini, nullptr);
   EXPECT_EQ(mini->width, kSpecWidth);
   // With the display off the tick stops its timer and clears the picture.
   R().DataForm().MiniMode = "False";
   clock.Advance(25);
-  ASSERT_FALSE(main.Picture.get().Empty());
+  ASSERT_NE(main.Drawing.get(), nullptr);
   Opt().Option5.Value = true;
   clock.Advance(25);
-  EXPECT_TRUE(main.Picture.get().Empty());
+  EXPECT_EQ(main.Drawing.get(), nullptr);
   EXPECT_FALSE(clock.Armed(R().frmBass().tmrSpectrum));
 }
 
@@ -296,11 +301,11 @@ TEST_F(VisualisationTest, TheSkinsRowsBuildThePaletteOfTheUpsideDownPicture) {
   EXPECT_EQ(palette[100].blue, 25);
   EXPECT_EQ(palette[2].blue, 0) << "0.5 rounds to the even byte";
   EXPECT_EQ(palette[6].blue, 2) << "1.5 rounds to the even byte";
-  const Image* image = R().Main().Visualisation.Picture.get().Pixels();
+  const auto image = R().Main().Visualisation.Drawing.get();
   ASSERT_NE(image, nullptr);
   // Row 0 of the buffer is the bottom line of the picture.
-  EXPECT_EQ(image->argb[0], 0xFF0A141Eu) << "the top line is empty: entry 0";
-  EXPECT_EQ(image->argb[static_cast<std::size_t>(39 * kSpecWidth)], 0xFFFD0200u)
+  EXPECT_EQ(ColourAt(*image, 0, 0), 0x0A141Eu) << "the top line is empty: entry 0";
+  EXPECT_EQ(ColourAt(*image, 0, 39), 0xFD0200u)
       << "the line of +1 at the bottom: entry 1 is 253, 1.5 -> 2, 0.25 -> 0";
 }
 
