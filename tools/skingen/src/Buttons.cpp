@@ -34,19 +34,20 @@ QFont LabelFont() {
   QFont font(QStringLiteral("DejaVu Sans Condensed"));
   font.setPixelSize(8);
   font.setBold(true);
-  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4);
+  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.2);
   return font;
 }
 
+// A small lamp set into the plate: a dark well, the lamp, and when lit a
+// brighter centre.
 void DrawLed(QPainter& p, const Theme& t, const QRectF& r, Led led) {
   if (led == Led::None) return;
-  p.fillRect(r.adjusted(-1, -1, 1, 1), t.outline);
-  const QColor fill = led == Led::Lit       ? t.accentBright
-                      : led == Led::Glowing ? Mix(t.accent, t.accentDim, 0.45)
+  p.fillPath(RoundedRect(r.adjusted(-1, -1, 1, 1), 1.5), t.groove.floor);
+  const QColor fill = led == Led::Lit       ? t.accent
+                      : led == Led::Glowing ? Mix(t.accent, t.accentDim, 0.5)
                                             : t.accentDim;
-  p.fillRect(r, fill);
-  if (led == Led::Lit)
-    p.fillRect(QRectF(r.left(), r.top(), r.width(), 1), Mix(fill, Qt::white, 0.5));
+  p.fillPath(RoundedRect(r, 1), fill);
+  if (led == Led::Lit) p.fillRect(QRectF(r.left() + 1, r.top(), 1, 1), t.accentBright);
 }
 
 QImage SmallButtonPicture(const Theme& t, const QImage& panel, const SmallButton& b, Look look) {

@@ -41,7 +41,7 @@ QImage TitleButton(const QImage& body, const Theme& t, TitleGlyph kind, bool hov
     const QRectF key(2, 3, 18, 13);
     p.fillPath(RoundedRect(key, 3), t.outline);
     FillVertical(p, RoundedRect(key.adjusted(1, 1, -1, -1), 2), key, t.accentBright, t.accent);
-    ink = t.outline;
+    ink = t.accentInk;
   }
   const QPainterPath g = kind == TitleGlyph::Close ? glyph::Close(QRectF(7.5, 6, 7, 7))
                                                    : glyph::Minimize(QRectF(7, 6, 8, 7));

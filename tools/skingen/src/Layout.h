@@ -78,7 +78,6 @@ constexpr QPoint kPlaylistPlate{0, 96};
 constexpr QSize kLogo{73, 39};
 constexpr int kLogoFromRight = 73;
 constexpr int kLogoFromBottom = 43;
-constexpr QSize kBarHeight{0, 17};
 constexpr QRect kSeekBar{8, -21, 209, 17};     // y from the bottom
 constexpr QRect kVolumeBar{232, -21, 93, 17};  // y from the bottom
 constexpr QPoint kSpeaker{216, -18};           // y from the bottom
@@ -119,6 +118,11 @@ constexpr QPoint kMiniTransport{333, 23};
 constexpr QRect kMiniVolumeBar{24, 72, 97, 17};
 constexpr QRect kMiniSeekBar{128, 72, 201, 17};
 constexpr QPoint kMiniSpeaker{8, 80};
+
+// Playlist window at its smallest.
+constexpr int kPlaylistWidth = 266;
+constexpr int kPlaylistHeight = 302;
+constexpr int kPlaylistCloseFromRight = 55;
 
 // Icons.
 constexpr int kMenuIcon = 16;

@@ -73,6 +73,19 @@ void DrawEqualizerLegends(QPainter& p, const Theme& t) {
   p.fillRect(QRect(L::kFirstBandX, zeroY, L::kBands * L::kBandStep - 2, 1), t.tray.wallShadow);
 }
 
+// Between the small buttons and the display: a grille of small holes.
+void DrawGrille(QPainter& p, const Theme& t) {
+  for (int row = 0; row < 8; ++row) {
+    for (int col = 0; col < 5; ++col) {
+      const int x = 110 + col * 4 + (row % 2) * 2;
+      const int y = 57 + row * 4;
+      if (col == 4 && row % 2 == 1) continue;
+      p.fillRect(QRect(x, y, 2, 2), t.tray.wallShadow);
+      p.fillRect(QRect(x + 1, y + 2, 1, 1), Mix(t.body, t.tray.lip, 0.6));
+    }
+  }
+}
+
 void DrawInfoHeading(QPainter& p, const Theme& t) {
   const int y = L::kInfoCaption.bottom() - 1;
   p.fillRect(QRect(L::kInfoCaption.left(), y, 92, 1), Mix(t.body, t.outline, 0.55));
@@ -155,6 +168,7 @@ QImage MainPanel(const Theme& t) {
   DrawWell(p, kTray, 4, t.tray);
   DrawEqualizerLegends(p, t);
   DrawInfoHeading(p, t);
+  DrawGrille(p, t);
   return panel;
 }
 

@@ -26,6 +26,7 @@ QStringList WritePreviews(const QString& skinFolder, const QString& outFolder) {
        MainWindow(skin, {false, false, SpectrumMode::Spectrogram, false})},
       {"mini", MiniWindow(skin, {true, false, SpectrumMode::Columns, false})},
       {"mini-hover", MiniWindow(skin, {true, false, SpectrumMode::Bars, true})},
+      {"playlist", PlaylistWindow(skin)},
       {"transport", TransportSheet(skin)},
   };
   QStringList written;

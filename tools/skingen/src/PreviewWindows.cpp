@@ -128,7 +128,9 @@ class Composer {
   QPainter p_;
 };
 
-void Frame(Composer& c, QSize size, int rightTop, bool hover) {
+// The frame pieces and the title bar; `closeFromRight` 0 puts the title
+// buttons where the player windows have them, else only a close button there.
+void Frame(Composer& c, QSize size, int rightTop, bool hover, int closeFromRight = 0) {
   const int w = size.width();
   const int h = size.height();
   c.Picture("top-left.bmp", QPoint(0, 0));
@@ -146,6 +148,10 @@ void Frame(Composer& c, QSize size, int rightTop, bool hover) {
     const bool lit = hover && i == 1;
     c.Picture(lit ? "menu-hover.bmp" : "menu-normal.bmp", menus[i]);
     c.Text(menus[i], QString::fromLatin1(captions[i]), 1, font, Qt::AlignHCenter);
+  }
+  if (closeFromRight > 0) {
+    c.Picture("close-normal.bmp", QPoint(w - closeFromRight, 0));
+    return;
   }
   c.Picture(hover ? "minimize-hover.bmp" : "minimize-normal.bmp",
             QPoint(w - L::kMinimizeFromRight, 0));
@@ -169,9 +175,11 @@ void MainPanel(Composer& c, const SkinFolder& skin, const Scene& s) {
   c.p_.save();
   c.p_.setClipRect(panel);
   const QFont font = LabelFont(11);
-  c.Text(L::kClock.translated(o), QStringLiteral("02:17"), 2, LabelFont(16, true));
+  c.Text(L::kClock.translated(o), s.idle ? QStringLiteral("00:00") : QStringLiteral("02:17"), 2,
+         LabelFont(16, true));
   c.Text(L::kTotalTime.translated(o), QStringLiteral("04:51"), 2, LabelFont(10));
-  c.Text(L::kStatus.translated(o), QStringLiteral("Playing"), 2, font);
+  c.Text(L::kStatus.translated(o), s.idle ? QStringLiteral("Stopped") : QStringLiteral("Playing"),
+         2, font);
   c.Text(L::kBitRate.translated(o), QStringLiteral("192 Kbps"), 2, font);
   c.Text(L::kTitle.translated(o), QStringLiteral("Nightfall Avenue - Harbour Lights"), 2, font);
   c.Text(L::kTagLine.translated(o), QStringLiteral("Harbour Lights (2004) Electronic"), 2, font);
@@ -258,6 +266,35 @@ QImage MiniWindow(const SkinFolder& skin, const Scene& s) {
   c.Slider(L::kMiniVolumeBar, false, 0.8);
   c.Slider(L::kMiniSeekBar, false, 0.47);
   c.Picture("vol-pic.bmp", L::kMiniSpeaker);
+  return c.OnDesktop();
+}
+
+QImage PlaylistWindow(const SkinFolder& skin) {
+  const QSize size(L::kPlaylistWidth, L::kPlaylistHeight);
+  const int w = size.width();
+  const int h = size.height();
+  Composer c(skin, size);
+  Frame(c, size, L::kSideTop, false, L::kPlaylistCloseFromRight);
+  const QRect list(6, 24, w - 12, h - 57);
+  c.Fill(list, skin.TextColour(5));
+  const char* titles[] = {"Nightfall Avenue - Harbour Lights",
+                          "Cold Coast - Paper Boats",
+                          "Mira Sol - Undertow",
+                          "The Lanterns - Slow Train",
+                          "Kite Season - Amber",
+                          "Hollow Pines - Night Drive",
+                          "Juniper - Static",
+                          "Low Orbit - Satellites"};
+  const QFont font = LabelFont(11);
+  for (int i = 0; i < 8; ++i) {
+    c.Text(QRect(list.left() + 3, list.top() + 1 + i * 14, list.width() - 30, 14),
+           QString::fromLatin1(titles[i]), 6, font);
+  }
+  const QRect trough(w - 23, 25, 16, h - 44);
+  c.Fill(trough, skin.Background());
+  c.Slider(QRect(w - 21, 25, 14, h - 48), true, 0.0);
+  c.Picture("playlist-thumb.bmp", QPoint(w - 21, 25 + L::kVEnd.height()));
+  c.Text(QRect(w - 13, h - 13, 13, 13), QStringLiteral("o"), 3, font);
   return c.OnDesktop();
 }
 

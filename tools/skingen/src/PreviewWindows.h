@@ -21,6 +21,9 @@ struct Scene {
 // The window on a neutral desktop, cut by the rounded window mask.
 QImage MainWindow(const SkinFolder& skin, const Scene& scene);
 QImage MiniWindow(const SkinFolder& skin, const Scene& scene);
+// The playlist at its smallest: rows in the colours of lines 5 and 6 and
+// the skinned scroll bar.
+QImage PlaylistWindow(const SkinFolder& skin);
 // The transport plate at rest, then each button hovered and pressed.
 QImage TransportSheet(const SkinFolder& skin);
 // Twice the size, each pixel a 2 by 2 block.

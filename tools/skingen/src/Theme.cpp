@@ -20,7 +20,7 @@ Theme DefaultTheme() {
   t.sheen = Hex("#34373c");
 
   t.plate = {Hex("#111214"), Hex("#5a5e66"), Hex("#24262a"), Hex("#45484f"), Hex("#35383d")};
-  t.plateHover = {Hex("#111214"), Hex("#6c7079"), Hex("#2a2c31"), Hex("#545861"), Hex("#42454c")};
+  t.plateHover = {Hex("#111214"), Hex("#757a84"), Hex("#2c2f34"), Hex("#5d616a"), Hex("#494c54")};
   t.platePressed = {Hex("#0a0b0c"), Hex("#2a2c30"), Hex("#3a3d43"), Hex("#26282c"), Hex("#2e3035")};
   t.glyph = Hex("#d9dce1");
   t.glyphHover = Hex("#ffffff");
@@ -30,6 +30,7 @@ Theme DefaultTheme() {
   t.accent = Hex("#ff7f1e");
   t.accentBright = Hex("#ffa155");
   t.accentDim = Hex("#4d3324");
+  t.accentInk = Hex("#141517");
 
   t.screen = Hex("#15130f");
   t.screenGlow = Hex("#221d15");
@@ -41,7 +42,7 @@ Theme DefaultTheme() {
   t.tray = {Hex("#151618"), Hex("#3c3f45"), Hex("#232529")};
   t.groove = {Hex("#060607"), Hex("#42454b"), Hex("#141517")};
   t.knob = {Hex("#0c0d0f"), Hex("#7a7e87"), Hex("#2c2e33"), Hex("#5c6068"), Hex("#44474e")};
-  t.knobHover = {Hex("#0c0d0f"), Hex("#90949d"), Hex("#33363b"), Hex("#6c7079"), Hex("#52555d")};
+  t.knobHover = {Hex("#0c0d0f"), Hex("#9a9ea7"), Hex("#35383d"), Hex("#787c85"), Hex("#5c6068")};
 
   t.menuText = QStringLiteral("white");
   t.displayText = QStringLiteral("white");
@@ -63,8 +64,8 @@ Theme AluminiumTheme() {
   t.rimShadow = Hex("#a9aeb5");
   t.sheen = Hex("#e3e6e9");
 
-  t.plate = {Hex("#7c828a"), Hex("#ffffff"), Hex("#b4b9c0"), Hex("#f2f3f5"), Hex("#dadde1")};
-  t.plateHover = {Hex("#7c828a"), Hex("#ffffff"), Hex("#bfc4ca"), Hex("#ffffff"), Hex("#e8eaed")};
+  t.plate = {Hex("#7c828a"), Hex("#f7f8fa"), Hex("#a6acb3"), Hex("#e2e5e8"), Hex("#c5cad0")};
+  t.plateHover = {Hex("#7c828a"), Hex("#ffffff"), Hex("#bcc1c7"), Hex("#ffffff"), Hex("#e8eaed")};
   t.platePressed = {Hex("#646a72"), Hex("#b2b7be"), Hex("#e4e6e9"), Hex("#c4c8ce"), Hex("#d0d3d8")};
   t.glyph = Hex("#33373d");
   t.glyphHover = Hex("#15171a");
@@ -74,18 +75,19 @@ Theme AluminiumTheme() {
   t.accent = Hex("#f07010");
   t.accentBright = Hex("#ff9440");
   t.accentDim = Hex("#b9a98f");
+  t.accentInk = Hex("#1f2023");
 
-  t.screen = Hex("#e4dcc2");
-  t.screenGlow = Hex("#eee8d4");
-  t.screenEdge = Hex("#cfc6aa");
-  t.screenWell = {Hex("#6d737b"), Hex("#f7f8fa"), Hex("#e4dcc2")};
+  t.screen = Hex("#ebe5d2");
+  t.screenGlow = Hex("#f8f5ec");
+  t.screenEdge = Hex("#cbc2a6");
+  t.screenWell = {Hex("#6d737b"), Hex("#f7f8fa"), Hex("#ebe5d2")};
   t.screenInk = Hex("#2a2620");
   t.screenInkDim = Hex("#b8ae92");
 
   t.tray = {Hex("#8e949b"), Hex("#f1f3f5"), Hex("#c5c9ce")};
   t.groove = {Hex("#555b63"), Hex("#f4f5f7"), Hex("#8f959c")};
-  t.knob = {Hex("#6a7078"), Hex("#ffffff"), Hex("#aeb3ba"), Hex("#f4f5f7"), Hex("#d5d8dc")};
-  t.knobHover = {Hex("#6a7078"), Hex("#ffffff"), Hex("#b9bec4"), Hex("#ffffff"), Hex("#e4e6e9")};
+  t.knob = {Hex("#6a7078"), Hex("#fbfcfd"), Hex("#a5aab1"), Hex("#e6e8eb"), Hex("#c6cad0")};
+  t.knobHover = {Hex("#6a7078"), Hex("#ffffff"), Hex("#b9bec4"), Hex("#ffffff"), Hex("#e6e8eb")};
 
   t.menuText = QStringLiteral("black");
   t.displayText = QStringLiteral("black");

@@ -34,6 +34,7 @@ struct Theme {
 
   // The one accent, with a brighter and an unlit tone.
   QColor accent, accentBright, accentDim;
+  QColor accentInk;  // glyphs drawn on the accent
 
   // The backlit display and what it shows when idle.
   QColor screen;  // the visualisation's entry 0 (skin.ini lines 7-9)

@@ -29,7 +29,7 @@ const Key kKeys[] = {
     {"back", L::kBack, {1, 14, 14, 14}, true, glyph::Previous, {4.5, 17.5, 6, 7}, false},
     {"play", L::kPlay, {21, 16.5, 24, 24}, true, glyph::Play, {30, 23.5, 8.5, 11}, true},
     {"next", L::kNext, {51, 14, 14, 14}, true, glyph::Next, {55.5, 17.5, 6, 7}, false},
-    {"stop", L::kStop, {19, 48, 28, 12}, false, glyph::Stop, {30, 50, 6, 8}, false},
+    {"stop", L::kStop, {19, 48, 28, 12}, false, glyph::Stop, {30, 51, 6, 6}, false},
 };
 
 QPainterPath KeyShape(const Key& k, const QRectF& r) {
@@ -64,7 +64,7 @@ void DrawKey(QPainter& p, const Theme& t, const Key& k, State s) {
   p.fillPath(rim.intersected(rim.translated(1, 1)), look.shadow);
   const QRectF face = outer.adjusted(2, 2, -2, -2);
   FillVertical(p, KeyShape(k, face), face, look.top, look.bottom);
-  QColor ink = k.accent              ? t.outline
+  QColor ink = k.accent              ? t.accentInk
                : s == State::Hover   ? t.glyphHover
                : s == State::Pressed ? t.glyphPressed
                                      : t.glyph;
