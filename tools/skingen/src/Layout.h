@@ -33,6 +33,9 @@ constexpr QSize kMenuPlate{57, 17};
 constexpr QRect kMenuFile{16, 0, 49, 17};
 constexpr QRect kMenuOptions{72, 0, 57, 17};
 constexpr QRect kMenuHelp{136, 0, 57, 17};
+constexpr QRect kMenuFileLabel{24, 0, 25, 17};  // the captions, left aligned
+constexpr QRect kMenuOptionsLabel{80, 0, 41, 17};
+constexpr QRect kMenuHelpLabel{144, 0, 41, 17};
 constexpr QSize kTitleButton{22, 17};
 constexpr int kMinimizeFromRight = 77;
 constexpr int kCloseFromRight = 50;

@@ -22,44 +22,44 @@ QFont LabelFont(int pixels, bool bold = false) {
   return font;
 }
 
-class Composer {
- public:
-  Composer(const SkinFolder& skin, QSize window)
-      : skin_(skin), image_(window, QImage::Format_ARGB32_Premultiplied), p_(&image_) {
-    image_.fill(skin.Background());
-    p_.setRenderHint(QPainter::TextAntialiasing, true);
+// Puts pictures and texts on a window the way the player does.
+struct Composer {
+  Composer(const SkinFolder& folder, QSize window)
+      : skin(folder), image(window, QImage::Format_ARGB32_Premultiplied), p(&image) {
+    image.fill(folder.Background());
+    p.setRenderHint(QPainter::TextAntialiasing, true);
   }
 
   void Picture(const QString& name, QPoint at) { Picture(name, QRect(at, Size(name))); }
   // A picture stretched over `r`, as the player does with the frame strips.
   void Picture(const QString& name, const QRect& r) {
-    const QImage& image = skin_.Image(name);
-    if (!image.isNull()) p_.drawImage(r, image);
+    const QImage& picture = skin.Image(name);
+    if (!picture.isNull()) p.drawImage(r, picture);
   }
   void PictureClipped(const QString& name, QPoint at, const QRect& clip) {
-    p_.save();
-    p_.setClipRect(clip, Qt::IntersectClip);
+    p.save();
+    p.setClipRect(clip, Qt::IntersectClip);
     Picture(name, at);
-    p_.restore();
+    p.restore();
   }
-  QSize Size(const QString& name) const { return skin_.Image(name).size(); }
+  QSize Size(const QString& name) const { return skin.Image(name).size(); }
 
   void Text(const QRect& r, const QString& text, int line, const QFont& font,
             Qt::Alignment align = Qt::AlignLeft) {
-    p_.save();
-    p_.setClipRect(r, Qt::IntersectClip);
-    p_.setFont(font);
-    p_.setPen(skin_.TextColour(line));
-    p_.drawText(r, static_cast<int>((align | Qt::AlignVCenter).toInt()) | Qt::TextSingleLine, text);
-    p_.restore();
+    p.save();
+    p.setClipRect(r, Qt::IntersectClip);
+    p.setFont(font);
+    p.setPen(skin.TextColour(line));
+    p.drawText(r, static_cast<int>((align | Qt::AlignVCenter).toInt()) | Qt::TextSingleLine, text);
+    p.restore();
   }
 
-  void Fill(const QRect& r, const QColor& c) { p_.fillRect(r, c); }
-  void Image(const QImage& image, QPoint at, const QRect& clip) {
-    p_.save();
-    p_.setClipRect(clip, Qt::IntersectClip);
-    p_.drawImage(at, image);
-    p_.restore();
+  void Fill(const QRect& r, const QColor& c) { p.fillRect(r, c); }
+  void Drawing(const QImage& drawing, QPoint at, const QRect& clip) {
+    p.save();
+    p.setClipRect(clip, Qt::IntersectClip);
+    p.drawImage(at, drawing);
+    p.restore();
   }
 
   // A slider of the player: end pictures, the track tiled between them and
@@ -84,14 +84,14 @@ class Composer {
       Picture(last, QPoint(r.right() + 1 - b.width(), r.top()));
       track = QRect(r.left() + a.width(), r.top(), r.width() - a.width() - b.width(), r.height());
     }
-    p_.save();
-    p_.setClipRect(track, Qt::IntersectClip);
+    p.save();
+    p.setClipRect(track, Qt::IntersectClip);
     for (int y = track.top(); y <= track.bottom(); y += std::max(1, tile.height())) {
       for (int x = track.left(); x <= track.right(); x += std::max(1, tile.width())) {
         Picture(kind + "background.bmp", QPoint(x, y));
       }
     }
-    p_.restore();
+    p.restore();
     const int travel = vertical ? track.height() - t.height() : track.width() - t.width();
     const int at = static_cast<int>(value * travel + 0.5);
     Picture(thumb, vertical ? QPoint(track.left(), track.top() + at)
@@ -100,32 +100,31 @@ class Composer {
 
   // The window mask rounds the corners; outside it the desktop shows.
   QImage OnDesktop() {
-    p_.end();
-    QImage mask(image_.size(), QImage::Format_ARGB32_Premultiplied);
+    p.end();
+    QImage mask(image.size(), QImage::Format_ARGB32_Premultiplied);
     mask.fill(Qt::transparent);
     {
       QPainter m(&mask);
       m.setRenderHint(QPainter::Antialiasing, false);
       m.setPen(Qt::NoPen);
       m.setBrush(Qt::black);
-      m.drawRoundedRect(QRectF(0, 0, image_.width(), image_.height()), L::kCornerRadius,
+      m.drawRoundedRect(QRectF(0, 0, image.width(), image.height()), L::kCornerRadius,
                         L::kCornerRadius);
     }
-    QImage out(image_.size() + QSize(2 * kMargin, 2 * kMargin),
-               QImage::Format_ARGB32_Premultiplied);
+    QImage out(image.size() + QSize(2 * kMargin, 2 * kMargin), QImage::Format_ARGB32_Premultiplied);
     out.fill(kDesktop);
-    for (int y = 0; y < image_.height(); ++y) {
-      for (int x = 0; x < image_.width(); ++x) {
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
         if (qAlpha(mask.pixel(x, y)) > 127)
-          out.setPixel(x + kMargin, y + kMargin, image_.pixel(x, y));
+          out.setPixel(x + kMargin, y + kMargin, image.pixel(x, y));
       }
     }
     return out;
   }
 
-  const SkinFolder& skin_;
-  QImage image_;
-  QPainter p_;
+  const SkinFolder& skin;
+  QImage image;
+  QPainter p;
 };
 
 // The frame pieces and the title bar; `closeFromRight` 0 puts the title
@@ -143,19 +142,24 @@ void Frame(Composer& c, QSize size, int rightTop, bool hover, int closeFromRight
   c.Picture("bottom-right.bmp", QPoint(w - 100, h - 12));
   const QFont font = LabelFont(11);
   const QRect menus[] = {L::kMenuFile, L::kMenuOptions, L::kMenuHelp};
+  const QRect labels[] = {L::kMenuFileLabel, L::kMenuOptionsLabel, L::kMenuHelpLabel};
   const char* captions[] = {"File", "Options", "Help"};
   for (int i = 0; i < 3; ++i) {
     const bool lit = hover && i == 1;
     c.Picture(lit ? "menu-hover.bmp" : "menu-normal.bmp", menus[i]);
-    c.Text(menus[i], QString::fromLatin1(captions[i]), 1, font, Qt::AlignHCenter);
+    c.Text(labels[i], QString::fromLatin1(captions[i]), 1, font);
   }
   if (closeFromRight > 0) {
     c.Picture("close-normal.bmp", QPoint(w - closeFromRight, 0));
     return;
   }
-  c.Picture(hover ? "minimize-hover.bmp" : "minimize-normal.bmp",
+  // The main window shows the minimize button hovered, the mini window the
+  // close button.
+  const bool mini = size.width() == L::kMiniWidth;
+  c.Picture(hover && !mini ? "minimize-hover.bmp" : "minimize-normal.bmp",
             QPoint(w - L::kMinimizeFromRight, 0));
-  c.Picture("close-normal.bmp", QPoint(w - L::kCloseFromRight, 0));
+  c.Picture(hover && mini ? "close-hover.bmp" : "close-normal.bmp",
+            QPoint(w - L::kCloseFromRight, 0));
 }
 
 void Visual(Composer& c, const SkinFolder& skin, const QRect& r, const Scene& s) {
@@ -164,7 +168,7 @@ void Visual(Composer& c, const SkinFolder& skin, const QRect& r, const Scene& s)
     return;
   }
   c.Fill(r, skin.Palette(0));
-  c.Image(SpectrumFrame(skin, s.mode), r.topLeft(), r);
+  c.Drawing(SpectrumFrame(skin, s.mode), r.topLeft(), r);
 }
 
 void MainPanel(Composer& c, const SkinFolder& skin, const Scene& s) {
@@ -172,8 +176,8 @@ void MainPanel(Composer& c, const SkinFolder& skin, const Scene& s) {
   const QRect panel(o,
                     QSize(L::kPanel.width(), s.full ? L::kPanel.height() : L::kSmallPanelHeight));
   c.PictureClipped("main.jpg", o, panel);
-  c.p_.save();
-  c.p_.setClipRect(panel);
+  c.p.save();
+  c.p.setClipRect(panel);
   const QFont font = LabelFont(11);
   c.Text(L::kClock.translated(o), s.idle ? QStringLiteral("00:00") : QStringLiteral("02:17"), 2,
          LabelFont(16, true));
@@ -200,13 +204,13 @@ void MainPanel(Composer& c, const SkinFolder& skin, const Scene& s) {
     c.Slider(QRect(QPoint(L::kFirstBandX + b * L::kBandStep, L::kEqTop) + o, L::kEqSlider), true,
              bands[b] / 100.0, s.hover && b == 5);
   }
-  c.p_.restore();
+  c.p.restore();
 }
 
 void RightColumn(Composer& c, QSize size, const Scene& s) {
   const QPoint column(size.width() - L::kRightColumnFromRight, L::kRightColumnTop);
   const int height = s.full ? L::kRightColumn.height() : L::kSmallRightColumnHeight;
-  c.Fill(QRect(column, QSize(L::kRightColumn.width(), height)), c.skin_.Background());
+  c.Fill(QRect(column, QSize(L::kRightColumn.width(), height)), c.skin.Background());
   c.PictureClipped("controls-background.bmp", column + L::kTransportInColumn,
                    QRect(column + L::kTransportInColumn, L::kTransportShown));
   if (!s.full) return;
@@ -258,8 +262,9 @@ QImage MiniWindow(const SkinFolder& skin, const Scene& s) {
   c.Text(L::kMiniTitle, QStringLiteral("Nightfall Avenue - Harbour Lights"), 2, font);
   if (!s.idle) {
     c.Fill(L::kMiniVisual, skin.Background());
-    c.Image(SpectrumFrame(skin, s.mode), L::kMiniVisual.topLeft(),
-            QRect(L::kMiniVisual.topLeft(), QSize(L::kMiniVisual.width(), L::kSpectrum.height())));
+    c.Drawing(
+        SpectrumFrame(skin, s.mode), L::kMiniVisual.topLeft(),
+        QRect(L::kMiniVisual.topLeft(), QSize(L::kMiniVisual.width(), L::kSpectrum.height())));
   }
   c.PictureClipped("controls-background.bmp", L::kMiniTransport,
                    QRect(L::kMiniTransport, L::kTransportShown));

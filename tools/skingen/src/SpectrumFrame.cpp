@@ -30,7 +30,7 @@ std::array<float, kBins> Fft(double time) {
   std::array<float, kBins> fft{};
   for (int i = 0; i < kBins; ++i) {
     const double f = i + 1.0;
-    double level = 0.16 / std::pow(f, 0.8);
+    double level = 0.2 / std::pow(f, 1.05);
     level *= 1.0 + 0.45 * std::sin(f * 0.9 + time * 3.0) * std::cos(f * 0.23 + time);
     for (const double partial : {2.0, 5.0, 9.0, 16.0, 27.0, 44.0, 70.0}) {
       level += 0.5 / partial * std::exp(-std::pow((f - partial) / (1.0 + partial * 0.05), 2));

@@ -36,7 +36,6 @@ Theme DefaultTheme() {
   t.screenGlow = Hex("#221d15");
   t.screenEdge = Hex("#0b0a08");
   t.screenWell = {Hex("#060606"), Hex("#43464c"), Hex("#15130f")};
-  t.screenInk = Hex("#ff7f1e");
   t.screenInkDim = Hex("#5e3e28");
 
   t.tray = {Hex("#151618"), Hex("#3c3f45"), Hex("#232529")};
@@ -81,7 +80,6 @@ Theme AluminiumTheme() {
   t.screenGlow = Hex("#f8f5ec");
   t.screenEdge = Hex("#cbc2a6");
   t.screenWell = {Hex("#6d737b"), Hex("#f7f8fa"), Hex("#ebe5d2")};
-  t.screenInk = Hex("#2a2620");
   t.screenInkDim = Hex("#b8ae92");
 
   t.tray = {Hex("#8e949b"), Hex("#f1f3f5"), Hex("#c5c9ce")};

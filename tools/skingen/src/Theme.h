@@ -40,7 +40,7 @@ struct Theme {
   QColor screen;  // the visualisation's entry 0 (skin.ini lines 7-9)
   QColor screenGlow, screenEdge;
   WellLook screenWell;
-  QColor screenInk, screenInkDim;
+  QColor screenInkDim;  // the idle picture's mark, barely lit
 
   // The recessed tray of the equalizer, the grooves of the sliders.
   WellLook tray;
