@@ -3,7 +3,6 @@
 #include <QFont>
 #include <QFontMetricsF>
 
-#include "Frame.h"
 #include "Layout.h"
 #include "Paint.h"
 #include "Panels.h"
@@ -19,7 +18,7 @@ enum class Led { None, Lit, Glowing, Dark };
 
 struct SmallButton {
   int number;
-  QPoint where;       // on the panel; buttons 1 and 6 are never shown
+  QPoint where;       // on the panel; 1 and 6, never shown, take the ground of 5 and 4
   const char* label;  // printed on the plate
   bool hasState;      // the second picture means "off"
 };

@@ -100,15 +100,24 @@ QImage MiniPanel(const Theme& t) {
   return panel;
 }
 
+// The player's mark: a disc with a play triangle, 15 px across at `at`.
+void DrawMark(QPainter& p, QPointF at, const QBrush& face, const QColor& edge, const QColor& ink) {
+  const QRectF disc(at, QSizeF(15, 15));
+  p.setPen(Qt::NoPen);
+  if (edge.alpha() > 0) {
+    p.setBrush(edge);
+    p.drawEllipse(disc.adjusted(-0.5, -0.5, 0.5, 0.5));
+  }
+  p.setBrush(face);
+  p.drawEllipse(disc);
+  p.setBrush(ink);
+  p.drawPath(glyph::Play(QRectF(at + QPointF(5.5, 4), QSizeF(6, 7))));
+}
+
 QImage IdlePicture(const Theme& t) {
   QImage idle = Canvas(L::kIdle, t.screen);
   Pen p(&idle);
-  const QRectF disc(52, 12, 15, 15);
-  p.setPen(Qt::NoPen);
-  p.setBrush(t.screenInkDim);
-  p.drawEllipse(disc);
-  p.setBrush(t.screen);
-  p.drawPath(glyph::Play(QRectF(57, 16, 6, 7)));
+  DrawMark(p, QPointF(52, 12), t.screenInkDim, Qt::transparent, t.screen);
   QFont font(QStringLiteral("DejaVu Sans"));
   font.setPixelSize(11);
   font.setBold(true);
@@ -128,17 +137,10 @@ QImage Logo(const Theme& t) {
       body.copy(QRect(L::kMainWidth - L::kLogoFromRight, L::kFullHeight - L::kLogoFromBottom,
                       L::kLogo.width(), L::kLogo.height()));
   Pen p(&logo);
-  const QRectF disc(3, 8, 15, 15);
-  p.setPen(Qt::NoPen);
-  p.setBrush(t.outline);
-  p.drawEllipse(disc.adjusted(-0.5, -0.5, 0.5, 0.5));
-  QLinearGradient g(disc.topLeft(), disc.bottomLeft());
-  g.setColorAt(0, t.accentBright);
-  g.setColorAt(1, t.accent);
-  p.setBrush(g);
-  p.drawEllipse(disc);
-  p.setBrush(t.outline);
-  p.drawPath(glyph::Play(QRectF(8.5, 12, 6, 7)));
+  QLinearGradient lit(0, 8, 0, 23);
+  lit.setColorAt(0, t.accentBright);
+  lit.setColorAt(1, t.accent);
+  DrawMark(p, QPointF(3, 8), lit, t.outline, t.accentInk);
   QFont font(QStringLiteral("DejaVu Sans"));
   font.setPixelSize(12);
   font.setBold(true);
