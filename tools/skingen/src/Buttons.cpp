@@ -30,10 +30,10 @@ constexpr SmallButton kSmallButtons[] = {
 };
 
 QFont LabelFont() {
-  QFont font(QStringLiteral("DejaVu Sans Condensed"));
-  font.setPixelSize(8);
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setPixelSize(7);
   font.setBold(true);
-  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.2);
+  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.15);
   return font;
 }
 

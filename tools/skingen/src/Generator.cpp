@@ -1,6 +1,8 @@
 #include "Generator.h"
 
 #include <QDir>
+#include <QFont>
+#include <QFontInfo>
 
 #include "AppIcon.h"
 #include "Contrast.h"
@@ -19,6 +21,14 @@ namespace {
 // The player stores each palette product as a byte and skips one that does
 // not fit, so entry 127 must stay within 255.
 bool StepsFit(const Theme& t) { return 127 * t.greenStep <= 255.4 && 127 * t.blueStep <= 255.4; }
+
+// The labels are drawn in DejaVu Sans (fonts-dejavu-core); another font
+// would change every picture with text.
+bool HasDejaVu() {
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setBold(true);
+  return QFontInfo(font).family() == QLatin1String("DejaVu Sans");
+}
 
 QString CheckSizes(const SkinImages& images) {
   for (const SkinFile& f : SkinManifest()) {
@@ -58,6 +68,10 @@ QString WriteIcons(const QString& folder) {
 }  // namespace
 
 int GenerateAll(const QString& dataFolder, std::FILE* report) {
+  if (!HasDejaVu()) {
+    std::fputs("skingen: the DejaVu Sans font is missing (fonts-dejavu-core)\n", stderr);
+    return 2;
+  }
   bool contrastOk = true;
   for (const Theme& theme : {DefaultTheme(), AluminiumTheme()}) {
     if (!StepsFit(theme)) {
