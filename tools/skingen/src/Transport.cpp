@@ -16,7 +16,7 @@ struct Key {
   const char* stem;  // file name stem
   QRect picture;     // where its hover and pressed pictures go
   QRectF shape;      // the key itself, inside `picture`
-  bool round;        // a disc, else a rounded rectangle
+  double radius;     // half the width makes a disc
   QPainterPath (*glyph)(const QRectF&);
   QRectF glyphBox;
   bool accent;  // the one key in the accent colour
@@ -25,19 +25,12 @@ struct Key {
 // Play is the big accent disc in the middle; pause above it, stop below,
 // previous and next at its sides, each inside its own picture.
 const Key kKeys[] = {
-    {"pause", L::kPause, {19, 2, 28, 12}, false, glyph::Pause, {30, 4, 6, 8}, false},
-    {"back", L::kBack, {1, 14, 14, 14}, true, glyph::Previous, {4.5, 17.5, 6, 7}, false},
-    {"play", L::kPlay, {21, 16.5, 24, 24}, true, glyph::Play, {30, 23.5, 8.5, 11}, true},
-    {"next", L::kNext, {51, 14, 14, 14}, true, glyph::Next, {55.5, 17.5, 6, 7}, false},
-    {"stop", L::kStop, {19, 48, 28, 12}, false, glyph::Stop, {30, 51, 6, 6}, false},
+    {"pause", L::kPause, {19, 2, 28, 12}, 3.5, glyph::Pause, {30, 4, 6, 8}, false},
+    {"back", L::kBack, {1, 14, 14, 14}, 7, glyph::Previous, {4.5, 17.5, 6, 7}, false},
+    {"play", L::kPlay, {21, 16.5, 24, 24}, 12, glyph::Play, {30, 23.5, 8.5, 11}, true},
+    {"next", L::kNext, {51, 14, 14, 14}, 7, glyph::Next, {55.5, 17.5, 6, 7}, false},
+    {"stop", L::kStop, {19, 48, 28, 12}, 3.5, glyph::Stop, {30, 51, 6, 6}, false},
 };
-
-QPainterPath KeyShape(const Key& k, const QRectF& r) {
-  if (!k.round) return RoundedRect(r, 3.5);
-  QPainterPath path;
-  path.addEllipse(r);
-  return path;
-}
 
 PlateLook KeyLook(const Theme& t, const Key& k, State s) {
   if (!k.accent) {
@@ -56,14 +49,7 @@ PlateLook KeyLook(const Theme& t, const Key& k, State s) {
 }
 
 void DrawKey(QPainter& p, const Theme& t, const Key& k, State s) {
-  const PlateLook look = KeyLook(t, k, s);
-  const QRectF outer = k.shape;
-  p.fillPath(KeyShape(k, outer), look.outline);
-  const QPainterPath rim = KeyShape(k, outer.adjusted(1, 1, -1, -1));
-  p.fillPath(rim, look.light);
-  p.fillPath(rim.intersected(rim.translated(1, 1)), look.shadow);
-  const QRectF face = outer.adjusted(2, 2, -2, -2);
-  FillVertical(p, KeyShape(k, face), face, look.top, look.bottom);
+  DrawPlate(p, k.shape, k.radius, KeyLook(t, k, s));
   QColor ink = k.accent              ? t.accentInk
                : s == State::Hover   ? t.glyphHover
                : s == State::Pressed ? t.glyphPressed
