@@ -1,0 +1,185 @@
+#include "Panels.h"
+
+#include <QFont>
+#include <QRadialGradient>
+
+#include "Frame.h"
+#include "Glyphs.h"
+#include "Layout.h"
+#include "Paint.h"
+#include "PixelFont.h"
+
+namespace skingen {
+
+namespace {
+
+namespace L = layout;
+
+// Outer edges of the displays and the tray, in panel coordinates.
+constexpr QRect kClockScreen{4, 2, 126, 49};
+constexpr QRect kTitleScreen{132, 3, 178, 88};
+constexpr QRect kTray{108, 91, 202, 97};
+constexpr QRect kMiniScreen{1, 1, 191, 46};
+
+// A recessed, backlit display: a bezel lit from the top left, a glass with
+// an inner shadow along its top and left, and a soft glow that stays above
+// `glowLimit` so the visualisation meets a flat floor of entry 0.
+void DrawScreen(QPainter& p, const Theme& t, const QRect& outer, int glowLimit) {
+  DrawWell(p, outer, 3, t.screenWell);
+  const QRectF glass = QRectF(outer).adjusted(1, 1, -1, -1);
+  p.save();
+  p.setClipPath(RoundedRect(glass, 2));
+  QRadialGradient glow(glass.center().x(), glass.top(), glass.width() * 0.55);
+  glow.setColorAt(0, t.screenGlow);
+  glow.setColorAt(1, WithAlpha(t.screenGlow, 0));
+  p.fillRect(QRectF(glass.left(), glass.top(), glass.width(), glowLimit - glass.top()), glow);
+  for (int i = 0; i < 3; ++i) {
+    const QColor shade = WithAlpha(t.screenEdge, 150 - 50 * i);
+    p.fillRect(QRectF(glass.left(), glass.top() + i, glass.width(), 1), shade);
+    p.fillRect(QRectF(glass.left() + i, glass.top() + i + 1, 1, glass.height()), shade);
+  }
+  p.restore();
+}
+
+// A faint line across a display, between its rows of text.
+void DrawDivider(QPainter& p, const Theme& t, int left, int right, int y) {
+  p.fillRect(QRect(left, y, right - left + 1, 1), Mix(t.screen, t.screenInkDim, 0.45));
+}
+
+void DrawEqualizerLegends(QPainter& p, const Theme& t) {
+  const int labelY = L::kEqTop + L::kEqSlider.height() + 3;
+  static const char* const kBands[L::kBands] = {"80", "150", "300", "500", "750",
+                                                "1K", "3K",  "8K",  "12K", "15K"};
+  const double half = L::kEqSlider.width() / 2.0;
+  DrawPixelTextCentred(p, L::kReverbX + half, labelY, QStringLiteral("REV"), t.engraving);
+  for (int b = 0; b < L::kBands; ++b) {
+    DrawPixelTextCentred(p, L::kFirstBandX + b * L::kBandStep + half, labelY,
+                         QString::fromLatin1(kBands[b]), t.engraving);
+  }
+  // The thumb's centre travels from 12 to 68 px below the slider's top: the
+  // scale marks +10, 0 and -10 dB and the steps of 5 between.
+  const int tickX = L::kFirstBandX - 4;
+  const int top = L::kEqTop + 12;
+  for (int step = 0; step <= 4; ++step) {
+    const bool major = step % 2 == 0;
+    p.fillRect(QRect(tickX + (major ? 0 : 1), top + step * 14, major ? 3 : 2, 1), t.engraving);
+  }
+  const double labelCentre = tickX - 7.5;
+  DrawPixelTextCentred(p, labelCentre, top - 2, QStringLiteral("+10"), t.engraving);
+  DrawPixelTextCentred(p, labelCentre, top + 26, QStringLiteral("0"), t.engraving);
+  DrawPixelTextCentred(p, labelCentre, top + 54, QStringLiteral("-10"), t.engraving);
+  // The 0 dB line runs behind the bands and shows between them.
+  const int zeroY = top + 28;
+  p.fillRect(QRect(L::kFirstBandX, zeroY, L::kBands * L::kBandStep - 2, 1), t.tray.wallShadow);
+}
+
+// Between the small buttons and the display: a grille of small holes.
+void DrawGrille(QPainter& p, const Theme& t) {
+  for (int row = 0; row < 8; ++row) {
+    for (int col = 0; col < 5; ++col) {
+      const int x = 110 + col * 4 + (row % 2) * 2;
+      const int y = 57 + row * 4;
+      if (col == 4 && row % 2 == 1) continue;
+      p.fillRect(QRect(x, y, 2, 2), t.tray.wallShadow);
+      p.fillRect(QRect(x + 1, y + 2, 1, 1), Mix(t.body, t.tray.lip, 0.6));
+    }
+  }
+}
+
+void DrawInfoHeading(QPainter& p, const Theme& t) {
+  const int y = L::kInfoCaption.bottom() - 1;
+  p.fillRect(QRect(L::kInfoCaption.left(), y, 92, 1), Mix(t.body, t.outline, 0.55));
+  p.fillRect(QRect(L::kInfoCaption.left(), y + 1, 92, 1), Mix(t.body, t.rimLight, 0.6));
+}
+
+QImage MiniPanel(const Theme& t) {
+  QImage panel = Canvas(L::kMiniPanel, t.body);
+  Pen p(&panel);
+  DrawScreen(p, t, kMiniScreen, kMiniScreen.bottom());
+  DrawDivider(p, t, 6, 186, 27);
+  return panel;
+}
+
+// The player's mark: a disc with a play triangle, 15 px across at `at`.
+void DrawMark(QPainter& p, QPointF at, const QBrush& face, const QColor& edge, const QColor& ink) {
+  const QRectF disc(at, QSizeF(15, 15));
+  p.setPen(Qt::NoPen);
+  if (edge.alpha() > 0) {
+    p.setBrush(edge);
+    p.drawEllipse(disc.adjusted(-0.5, -0.5, 0.5, 0.5));
+  }
+  p.setBrush(face);
+  p.drawEllipse(disc);
+  p.setBrush(ink);
+  p.drawPath(glyph::Play(QRectF(at + QPointF(5.5, 4), QSizeF(6, 7))));
+}
+
+QImage IdlePicture(const Theme& t) {
+  QImage idle = Canvas(L::kIdle, t.screen);
+  Pen p(&idle);
+  DrawMark(p, QPointF(52, 12), t.screenInkDim, Qt::transparent, t.screen);
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setPixelSize(11);
+  font.setBold(true);
+  font.setLetterSpacing(QFont::AbsoluteSpacing, 1.0);
+  p.setFont(font);
+  p.setPen(t.screenInkDim);
+  p.drawText(QRectF(72, 11, 90, 12), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("YARVO"));
+  DrawPixelText(p, 73, 23, QStringLiteral("PLAYER"), t.screenInkDim, 2);
+  return idle;
+}
+
+// The logo reaches the window's right edge: its art keeps off the last 12
+// columns, where the frame's right edge lies, and off the resize grip.
+QImage Logo(const Theme& t) {
+  const QImage body = WindowBody(t, QSize(L::kMainWidth, L::kFullHeight));
+  QImage logo =
+      body.copy(QRect(L::kMainWidth - L::kLogoFromRight, L::kFullHeight - L::kLogoFromBottom,
+                      L::kLogo.width(), L::kLogo.height()));
+  Pen p(&logo);
+  QLinearGradient lit(0, 8, 0, 23);
+  lit.setColorAt(0, t.accentBright);
+  lit.setColorAt(1, t.accent);
+  DrawMark(p, QPointF(3, 8), lit, t.outline, t.accentInk);
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setPixelSize(12);
+  font.setBold(true);
+  p.setFont(font);
+  p.setPen(t.glyph);
+  p.drawText(QRectF(21, 6, 40, 13), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Yarvo"));
+  DrawPixelText(p, 22, 19, QStringLiteral("PLAYER"), t.engraving, 1);
+  return logo;
+}
+
+QImage SpeakerPicture(const Theme& t) {
+  QImage speaker = Canvas(L::kSpeakerSize, t.body);
+  Pen p(&speaker);
+  FillGlyph(p, glyph::Speaker(QRectF(0.5, 1, 12, 9)), t.glyph, Qt::transparent);
+  return speaker;
+}
+
+}  // namespace
+
+QImage MainPanel(const Theme& t) {
+  QImage panel = Canvas(L::kPanel, t.body);
+  Pen p(&panel);
+  DrawScreen(p, t, kClockScreen, kClockScreen.bottom());
+  DrawDivider(p, t, 9, 124, 27);
+  DrawScreen(p, t, kTitleScreen, L::kVisual.top());
+  DrawDivider(p, t, 137, 303, 28);
+  DrawWell(p, kTray, 4, t.tray);
+  DrawEqualizerLegends(p, t);
+  DrawInfoHeading(p, t);
+  DrawGrille(p, t);
+  return panel;
+}
+
+void AddPanels(const Theme& t, SkinImages& images) {
+  images["main.jpg"] = MainPanel(t);
+  images["main-mini.jpg"] = MiniPanel(t);
+  images["yarvoplayer.bmp"] = IdlePicture(t);
+  images["logo.bmp"] = Logo(t);
+  images["vol-pic.bmp"] = SpeakerPicture(t);
+}
+
+}  // namespace skingen
