@@ -10,7 +10,7 @@ namespace yarvo {
 
 QImage ToQImage(const Image& image) {
   return QImage(reinterpret_cast<const uchar*>(image.argb.data()), image.width, image.height,
-                QImage::Format_ARGB32);
+                QImage::Format_ARGB32_Premultiplied);
 }
 
 void PaintIndexed(QPainter& painter, const IndexedImage& image, int x, int y) {

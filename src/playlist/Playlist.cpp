@@ -36,6 +36,7 @@ Playlist::Playlist() : SkinnedForm("Playlist") {
   ResizeArea.FontSize = 7;
   AnchorFrame();
   ScrollTimer.Tick = [this] { Playlist_ScrollTimer_Timer(); };
+  ScrollTimer.Quiet = true;
   PicList.Click = [this] { Playlist_PicList_Click(); };
   PicList.DblClick = [this] { Playlist_PicList_DblClick(); };
   PicList.AcceptsFiles = true;

@@ -16,6 +16,7 @@ Butoane::Butoane(Form* owner, std::string name)
       FocusTimer(owner, name + ".FocusTimer", 1000, false) {
   OnlyOnLoad.Tick = [this] { OnlyOnLoad_Timer(); };
   FocusTimer.Tick = [this] { FocusTimer_Timer(); };
+  FocusTimer.Quiet = true;
   FocusTimer.Enabled = true;  // from the control's creation on
   MouseDown = [this](const MouseEvent& e) {
     pressed_ = ButtonAt(e.x, e.y);

@@ -45,6 +45,9 @@ Main::Main() : SkinnedForm("Main") {
   ScrollTextTimer.Tick = [this] { Main_ScrollTextTimer_Timer(); };
   FixWindows.Tick = [this] { Main_FixWindows_Timer(); };
   FixImages.Tick = [this] { Main_FixImages_Timer(); };
+  // These ticks only bring the windows in line with the models: while
+  // nothing they read changes, they sleep.
+  for (Timer* timer : {&TimeCounter, &FixWindows, &FixImages}) timer->Quiet = true;
   LbActualCx(0).Change = [this] { Main_LbActualCx_Change(); };
   Resize = [this] { Main_Form_Resize(); };
   KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };

@@ -116,7 +116,7 @@ class Main : public SkinnedForm {
   void BindEqualizer();
 
   // The tag line rotation of the media engine's clock; zeroed at load.
-  int tagTick = 0;
+  Property<int> tagTick{0};
   // The mini window gave way to a video and is to come back after it.
   bool ReturnToMini = false;
 

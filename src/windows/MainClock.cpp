@@ -67,9 +67,9 @@ void Main::RotateTagLine() {
   if (status != "Playing" && status != "playing") return;
   auto& p = program();
   auto& library = p.MediaLibrary();
-  ++tagTick;
+  tagTick = tagTick + 1;
   ResumeNext([&] {
-    switch (tagTick) {
+    switch (tagTick.get()) {
       case 1:
         InfoIDTag.Caption = "Artist: " + library.Text2T.Text.get();
         break;

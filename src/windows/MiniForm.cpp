@@ -54,6 +54,7 @@ MiniForm::MiniForm() : SkinnedForm("MiniForm") {
     main.VolumChange();
   };
   Timer1.Tick = [this] { MiniForm_Timer1_Timer(); };
+  Timer1.Quiet = true;  // a mirror of Main
 }
 
 void MiniForm::MiniForm_Form_Load() {

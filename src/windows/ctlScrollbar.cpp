@@ -122,9 +122,7 @@ double ctlScrollbar::Travel() const {
 
 void ctlScrollbar::SetValue(double value) {
   if (!std::isfinite(value)) throw err::InvalidPropertyValue();
-  value_ = std::clamp(value, min.get(), std::max(min.get(), max.get()));
-  ++modelRevision();
-  PropertyChanged();
+  StoreValue(std::clamp(value, min.get(), std::max(min.get(), max.get())));
   thumbPos_ = 0;
   thumbPos_ = SmallChange * pixelsPerUnit_ * (value_ - min);
   Redraw();
@@ -242,10 +240,14 @@ void ctlScrollbar::UpdateValue() {
   const double perUnit = Travel() / (max - min);
   pixelsPerUnit_ = perUnit;
   if (perUnit == 0) throw err::DivisionByZero();
-  const double value = std::floor(thumbPos_ / perUnit + 0.5) + min;
+  StoreValue(std::floor(thumbPos_ / perUnit + 0.5) + min);
+}
+
+void ctlScrollbar::StoreValue(double value) {
   if (value == value_) return;
   value_ = value;
   ++modelRevision();
+  detail::Changed(&this->value);
   PropertyChanged();
 }
 

@@ -46,14 +46,20 @@ class ctlScrollbar : public Control {
     Redrawn(const Redrawn&) = delete;
     Redrawn& operator=(const Redrawn& other) { return *this = other.value_; }
     Redrawn& operator=(T value) {
-      value_ = std::move(value);
-      ++modelRevision();
-      bar_.PropertyChanged();
+      if (!(value == value_)) {
+        value_ = std::move(value);
+        ++modelRevision();
+        detail::Changed(this);
+        bar_.PropertyChanged();
+      }
       bar_.Redraw();
       return *this;
     }
-    operator const T&() const { return value_; }  // NOLINT: reads like the field it models
-    const T& get() const { return value_; }
+    operator const T&() const { return get(); }  // NOLINT: reads like the field it models
+    const T& get() const {
+      detail::Reading(this);
+      return value_;
+    }
 
    private:
     ctlScrollbar& bar_;
@@ -71,7 +77,10 @@ class ctlScrollbar : public Control {
       bar_.SetValue(value);
       return *this;
     }
-    operator double() const { return bar_.value_; }  // NOLINT: reads like the field it models
+    operator double() const {  // NOLINT: reads like the field it models
+      detail::Reading(this);
+      return bar_.value_;
+    }
 
    private:
     ctlScrollbar& bar_;
@@ -130,6 +139,8 @@ class ctlScrollbar : public Control {
   enum class Part { None, Up, Thumb, Down, Track };
 
   void SetValue(double value);
+  // Stores a new value and tells whoever waits on it.
+  void StoreValue(double value);
   void PaintSurface(ScrollbarSurface& surface, bool usePicture, bool held, bool blocked,
                     const Picture& normal, const Picture& hover, const Picture& down, int arrow,
                     Timer& tracking);

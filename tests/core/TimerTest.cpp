@@ -8,6 +8,7 @@
 
 #include "core/form/Events.h"
 #include "core/form/Form.h"
+#include "core/form/StringList.h"
 #include "core/form/Timer.h"
 #include "support/ManualClock.h"
 
@@ -18,6 +19,9 @@ struct TimedForm : Form {
   TimedForm() : Form("Timed") {}
   Timer Fast{this, "Fast", 100, false};
   Timer Slow{this, "Slow", 250, false};
+  StringField Source{"a"};
+  StringField Copy;
+  StringList Rows;
 };
 
 class TimerTest : public ::testing::Test {
@@ -85,6 +89,40 @@ TEST_F(TimerTest, AFormUnloadedInItsOwnTickLivesUntilTheTickEnds) {
   EXPECT_TRUE(ranToEnd);
   EXPECT_TRUE(alive.expired()) << "released when the outermost event returned";
   clock.Advance(1000);  // its timer went with it: nothing left to fire
+}
+
+// A quiet timer whose tick changed nothing sleeps until something it read
+// changes, then ticks again within its interval; one that reads a list wakes
+// for the list too. A timer that is not quiet ticks on.
+TEST_F(TimerTest, AQuietTimerSleepsUntilWhatItReadChanges) {
+  TimedForm form;
+  int ticks = 0;
+  form.Fast.Quiet = true;
+  form.Fast.Tick = [&] {
+    ++ticks;
+    form.Copy = form.Source.get() + std::to_string(form.Rows.ListCount());
+  };
+  form.Fast.Enabled = true;
+  clock.Advance(300);
+  EXPECT_EQ(ticks, 2) << "the first tick changed the copy, the second nothing";
+  EXPECT_FALSE(clock.Armed(form.Fast));
+  form.Slow.Tick = [] {};
+  form.Slow.Enabled = true;
+  form.Copy = "elsewhere";  // not read by the tick: no wake
+  clock.Advance(300);
+  EXPECT_EQ(ticks, 2);
+  form.Source = "b";
+  EXPECT_TRUE(clock.Armed(form.Fast));
+  clock.Advance(100);
+  EXPECT_EQ(form.Copy.get(), "b0");
+  clock.Advance(500);
+  EXPECT_EQ(ticks, 4);
+  form.Rows.AddItem("row");
+  clock.Advance(100);
+  EXPECT_EQ(form.Copy.get(), "b1");
+  form.Fast.Enabled = false;
+  form.Source = "c";
+  EXPECT_FALSE(clock.Armed(form.Fast)) << "a stopped timer stays stopped";
 }
 
 }  // namespace

@@ -30,13 +30,11 @@ void ListBox::SetTicked(int row, bool ticked) {
     ticks_.resize(static_cast<std::size_t>(ListCount()));
   if (ticks_[static_cast<std::size_t>(row)] == ticked) return;
   ticks_[static_cast<std::size_t>(row)] = ticked;
+  ++modelRevision();
   Changed();
 }
 
-void ListBox::Changed() {
-  ++modelRevision();
-  PropertyChanged();
-}
+void ListBox::Changed() { PropertyChanged(); }
 
 void ListBox::CursorMoved() {
   if (Click) Click();

@@ -16,7 +16,9 @@ using Colour = std::uint32_t;
 struct Image {
   int width = 0;
   int height = 0;
-  std::vector<std::uint32_t> argb;  // row-major, top row first, 0xAARRGGBB
+  // Row-major, top row first, 0xAARRGGBB with the colour already multiplied
+  // by the alpha (as the screen blends it; the same for opaque pictures).
+  std::vector<std::uint32_t> argb;
 };
 
 // A picture of 8-bit palette indices, as the program draws it into a

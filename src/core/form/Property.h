@@ -31,6 +31,23 @@ class PropertyOwner {
 };
 
 namespace detail {
+
+// What a quiet timer's tick reads (see Timer::Quiet): set while one ticks.
+class ReadRecorder {
+ public:
+  virtual void Read(const void* place) = 0;
+
+ protected:
+  ~ReadRecorder() = default;
+};
+inline thread_local ReadRecorder* readRecorder = nullptr;
+inline void Reading(const void* place) {
+  if (readRecorder) readRecorder->Read(place);
+}
+// A property or list at `place` changed: the quiet timers that sleep on it
+// wake up.
+void Changed(const void* place);
+
 // The owner of the properties being constructed: a property takes as its
 // owner the control or form whose construction began last, which for the
 // members of a control or form is the object they are members of.
@@ -67,12 +84,16 @@ class Property {
     if (value == value_) return;
     value_ = std::move(value);
     ++modelRevision();
+    detail::Changed(this);
     if (owner_) owner_->PropertyChanged();
     if (onChange_) onChange_();
   }
 
-  const T& get() const { return value_; }
-  operator const T&() const { return value_; }  // NOLINT: reads like the field it models
+  const T& get() const {
+    detail::Reading(this);
+    return value_;
+  }
+  operator const T&() const { return get(); }  // NOLINT: reads like the field it models
 
   // The handler runs after the value has changed; one handler per property.
   void onChange(std::function<void()> handler) { onChange_ = std::move(handler); }

@@ -10,14 +10,14 @@ const std::string kEmpty;
 
 void StringList::AddItem(std::string text) {
   items_.push_back(std::move(text));
-  Changed();
+  Touched();
 }
 
 void StringList::AddItem(std::string text, int index) {
   if (index < 0 || index > ListCount()) throw err::InvalidProcedureCall();
   items_.insert(items_.begin() + index, std::move(text));
   if (cursor_ >= index) ++cursor_;  // the selection stays on its row
-  Changed();
+  Touched();
 }
 
 void StringList::RemoveItem(int index) {
@@ -28,20 +28,20 @@ void StringList::RemoveItem(int index) {
   } else if (cursor_ > index) {
     --cursor_;
   }
-  Changed();
+  Touched();
 }
 
 void StringList::Clear() {
   items_.clear();
   cursor_ = -1;
-  Changed();
+  Touched();
 }
 
 void StringList::SetListIndex(int index) {
   if (index != -1 && !InRange(index)) throw err::InvalidPropertyValue();
   if (cursor_ == index) return;
   cursor_ = index;
-  Changed();
+  Touched();
   CursorMoved();
 }
 
@@ -53,13 +53,14 @@ void StringList::Selected(int index) {
 const std::string& StringList::Text() const { return List(cursor_); }
 
 const std::string& StringList::List(int index) const {
+  detail::Reading(this);
   return InRange(index) ? items_[static_cast<std::size_t>(index)] : kEmpty;
 }
 
 void StringList::SetList(int index, std::string text) {
   if (!InRange(index)) throw err::InvalidPropertyIndex();
   items_[static_cast<std::size_t>(index)] = std::move(text);
-  Changed();
+  Touched();
 }
 
 }  // namespace yarvo

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "core/form/Property.h"
+
 namespace yarvo {
 
 class StringList {
@@ -24,15 +26,21 @@ class StringList {
   void AddItem(std::string text, int index);
   void RemoveItem(int index);
   void Clear();
-  int ListCount() const { return static_cast<int>(items_.size()); }
+  int ListCount() const {
+    detail::Reading(this);
+    return static_cast<int>(items_.size());
+  }
 
-  int ListIndex() const { return cursor_; }
+  int ListIndex() const {
+    detail::Reading(this);
+    return cursor_;
+  }
   // -1 clears the selection; any other value outside the rows is an error.
   void SetListIndex(int index);
   // Selects `index` (single selection); the same as SetListIndex, but -1 is
   // no row and so an error.
   void Selected(int index);
-  bool IsSelected(int index) const { return index == cursor_ && index >= 0; }
+  bool IsSelected(int index) const { return index == ListIndex() && index >= 0; }
 
   // The row under the cursor, "" when there is none.
   const std::string& Text() const;
@@ -41,7 +49,10 @@ class StringList {
   // Replaces the text of row `index`.
   void SetList(int index, std::string text);
 
-  const std::vector<std::string>& Items() const { return items_; }
+  const std::vector<std::string>& Items() const {
+    detail::Reading(this);
+    return items_;
+  }
 
  protected:
   // Lets a subclass react to any change (the visible list repaints).
@@ -50,7 +61,13 @@ class StringList {
   virtual void CursorMoved() {}
 
  private:
-  bool InRange(int index) const { return index >= 0 && index < ListCount(); }
+  bool InRange(int index) const { return index >= 0 && index < static_cast<int>(items_.size()); }
+  // Every change: the timers that wait on the list, then the subclass.
+  void Touched() {
+    ++modelRevision();
+    detail::Changed(this);
+    Changed();
+  }
 
   std::vector<std::string> items_;
   int cursor_ = -1;

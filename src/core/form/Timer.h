@@ -8,6 +8,7 @@
 // manual clock.
 
 #include <functional>
+#include <vector>
 
 #include "core/form/Control.h"
 
@@ -22,12 +23,20 @@ class Timer : public Control {
   // The tick handler ("Timer" event).
   std::function<void()> Tick;
 
+  // A quiet timer's tick depends on the forms' properties and lists alone
+  // and changes nothing else. A tick of it that changed nothing would change
+  // nothing again until something it read changes, so the timer sleeps till
+  // then: an idle program does not wake for it. It ticks again at most one
+  // interval after the change.
+  bool Quiet = false;
+
   // Called by the scheduler when the countdown ran out: one tick, run as an
   // event of its own.
   void Fire();
 
  private:
   void Rearm();
+  void Sleep(std::vector<const void*> reads);
 };
 
 }  // namespace yarvo

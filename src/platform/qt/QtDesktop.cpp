@@ -94,12 +94,13 @@ ScreenPoint QtDesktop::CursorPos() const {
   return {at.x(), at.y()};
 }
 
-// Decoded once into 32-bit pixels; every holder shares them.
+// Decoded once into 32-bit pixels, in the form the screen draws without a
+// conversion; every holder shares them.
 Picture QtDesktop::LoadPicture(const std::string& path) {
   QImageReader reader(FromUtf8(path));
   const QImage decoded = reader.read();
   if (decoded.isNull()) throw err::FileNotFound();
-  const QImage argb = decoded.convertToFormat(QImage::Format_ARGB32);
+  const QImage argb = decoded.convertToFormat(QImage::Format_ARGB32_Premultiplied);
   auto image = std::make_shared<Image>();
   image->width = argb.width();
   image->height = argb.height();

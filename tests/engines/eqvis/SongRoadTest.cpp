@@ -42,7 +42,8 @@ class SongRoadTest : public test::RealLibraryFixture {
     }
     ListNoChar(R().Playlist().PicList, R().DataForm().ListaCale);
     R().Main().Volum.value = 100;
-    R().DataForm().MiniMode = "False";
+    R().DataForm().MiniMode = "False";  // the main window shows the pictures
+    R().Main().Show();
   }
 
   DWORD Channel() { return static_cast<DWORD>(CLng(R().frmBass().Chan.get())); }

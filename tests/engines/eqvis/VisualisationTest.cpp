@@ -30,8 +30,8 @@ using audio::test::writeWav;
 
 // The colour at (x, y) of a drawn picture, y counted from the top.
 std::uint32_t ColourAt(const IndexedImage& image, int x, int y) {
-  return image.palette[image.pixels[static_cast<std::size_t>((image.height - 1 - y) * image.width +
-                                                             x)]];
+  return image
+      .palette[image.pixels[static_cast<std::size_t>((image.height - 1 - y) * image.width + x)]];
 }
 
 // Writes `image` as a PNG file (8-bit RGB, no interlace), each pixel a square
@@ -93,7 +93,8 @@ class VisualisationTest : public test::RealLibraryFixture {
  protected:
   void SetUp() override {
     StartReal();
-    R().DataForm().MiniMode = "False";
+    R().DataForm().MiniMode = "False";  // the main window shows the pictures
+    R().Main().Show();
     UseSkin("0", "0", "48", "2", "1.5");
   }
 
@@ -307,6 +308,28 @@ TEST_F(VisualisationTest, TheSkinsRowsBuildThePaletteOfTheUpsideDownPicture) {
   EXPECT_EQ(ColourAt(*image, 0, 0), 0x0A141Eu) << "the top line is empty: entry 0";
   EXPECT_EQ(ColourAt(*image, 0, 39), 0xFD0200u)
       << "the line of +1 at the bottom: entry 1 is 253, 1.5 -> 2, 0.25 -> 0";
+}
+
+// Minimised by the window system, the window shows no frames and none are
+// drawn; restored, the frames come back by themselves.
+TEST_F(VisualisationTest, NoFramesAreDrawnWhileNoOneCanSeeThem) {
+  Draw(Opt().Option8, sine(1000, 0.3, 20.0));
+  auto& engine = R().frmBass();
+  engine.BassON = "True";  // as the director marks the engine that plays
+  auto& surface = R().Main().Visualisation;
+  ASSERT_TRUE(clock.Armed(engine.tmrSpectrum));
+  R().Main().WindowState = WindowState::Minimized;
+  clock.Advance(25);
+  EXPECT_FALSE(clock.Armed(engine.tmrSpectrum));
+  const auto last = surface.Drawing.get();
+  Render(0.5);
+  clock.Advance(500);
+  EXPECT_EQ(surface.Drawing.get(), last) << "no frame while minimised";
+  R().Main().WindowState = WindowState::Normal;
+  clock.Advance(100);
+  EXPECT_TRUE(clock.Armed(engine.tmrSpectrum)) << "FixWindows starts the frames again";
+  clock.Advance(25);
+  EXPECT_NE(surface.Drawing.get(), last);
 }
 
 }  // namespace
