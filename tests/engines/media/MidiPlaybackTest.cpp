@@ -3,7 +3,6 @@
 // sink, and the sink's monitor recorded and listened to.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -50,7 +49,9 @@ class MidiPlayback : public ::testing::Test {
   Recording hear(Actions&& actions) {
     const auto raw = sound_.Folder() / "heard.raw";
     auto recorder = sound_.Record(raw);
-    for (int i = 0; i < 100 && fileSize(raw) < 8 * 4410; ++i) std::this_thread::sleep_for(20ms);
+    constexpr std::uintmax_t kTenthOfASecond = 8 * test::SoundServer::kRate / 10;  // float pairs
+    for (int i = 0; i < 100 && fileSize(raw) < kTenthOfASecond; ++i)
+      std::this_thread::sleep_for(20ms);
     actions();
     recorder->Finish();
     return Recording::fromStereo(test::ReadRecording(raw), test::SoundServer::kRate);
