@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "director/Program.h"
+#include "engines/media/SoundFont.h"
 #include "platform/Desktop.h"
 
 namespace yarvo {
@@ -17,6 +18,8 @@ namespace yarvo {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::string_view kMidiFile = "a MIDI file";
 
 // The first bytes of a file, or why they could not be read.
 struct Head {
@@ -58,7 +61,8 @@ std::string MediaKind(std::string_view b) {
   if (StartsWith(b, "ftyp", 4)) return "an MP4 or QuickTime file";
   if (StartsWith(b, "\x1A\x45\xDF\xA3")) return "a Matroska or WebM video";
   if (StartsWith(b, "\x30\x26\xB2\x75\x8E\x66\xCF\x11")) return "a Windows Media file";
-  if (StartsWith(b, "MThd")) return "a MIDI file";
+  if (StartsWith(b, "MThd") || (StartsWith(b, "RIFF") && StartsWith(b, "RMID", 8)))
+    return std::string(kMidiFile);
   if (StartsWith(b, std::string_view("\x00\x00\x01\xBA", 4))) return "an MPEG video";
   if (StartsWith(b, "FLV")) return "a Flash video";
   if (StartsWith(b, "FORM") && StartsWith(b, "AIFF", 8)) return "an AIFF file";
@@ -104,6 +108,12 @@ std::string DoctorYarvo::Diagnose(const std::string& path) {
   if (head.bytes.empty())
     return "The file " + quoted + " is empty (0 bytes): there is nothing in it to play.";
   const std::string kind = MediaKind(head.bytes);
+  if (kind == kMidiFile && !findGeneralMidiSoundFont()) {
+    return quoted +
+           " is a MIDI file: it holds notes, not sound, and Yarvo Player needs a General MIDI "
+           "sound font to play them. None is installed: install the package "
+           "timgm6mb-soundfont (or the fuller fluid-soundfont-gm), then play the file again.";
+  }
   if (!kind.empty()) {
     return quoted + " looks like " + kind +
            ", but it could not be played. It may be damaged or cut short, "

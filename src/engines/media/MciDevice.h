@@ -8,12 +8,13 @@
 #include "engines/media/MciCommand.h"
 #include "engines/media/MciError.h"
 #include "engines/media/MciServiceOptions.h"
+#include "engines/media/PlayingMedia.h"
 
 namespace yarvo {
 
-class MpvPlayer;
-
-// One open media of the service, played by its own mpv player.
+// One open media of the service: the service's commands on a back end that
+// plays it. A MIDI file (by its content, whatever its name or the device
+// type asked for) is played by the sequencer; everything else by libmpv.
 //
 // Time is counted in the current time format: milliseconds, or frames. A
 // frame of a media with a picture is one picture of its video stream (1/fps
@@ -23,13 +24,13 @@ class MpvPlayer;
 // slider in steps of two seconds gets steps of 2000 frames.
 //
 // A media whose picture cannot be shown (no video output works) counts as one
-// without a picture.
+// without a picture; so does MIDI.
 //
 // Modes: "stopped" after open, stop and seek, and once the end is reached (the
 // end of the media, or the `to` of the last play); "playing" after play and
 // resume; "paused" after pause. At an end the position reads that end. Play
 // without `from` on a media at its real end starts it again. Play and seek
-// return when mpv has settled at the new position.
+// return when the back end has settled at the new position.
 class MciDevice {
  public:
   // Opens `path`; on success `device` holds the open media. `parent` is the
@@ -55,27 +56,21 @@ class MciDevice {
   // "x y width height" of the picture in its window; fails without a picture.
   MciError whereDestination(std::string& reply) const;
 
-  // Made by `open`, around a player that has loaded its file.
-  MciDevice(std::unique_ptr<MpvPlayer> player, const MciServiceOptions& options);
+  // Made by `open`, around a back end that has loaded its file.
+  explicit MciDevice(std::unique_ptr<PlayingMedia> media);
 
  private:
   enum class Mode { Stopped, Playing, Paused };
 
-  void inspect();
   double unitsPerSecond() const;
   std::optional<std::int64_t> lengthUnits();
   std::int64_t positionUnits();
   void refreshMode();
-  void seekSeconds(double seconds);
   MciError setPaused(bool paused, Mode then);
-  bool applyChannelGains();
 
-  std::unique_ptr<MpvPlayer> player_;
-  MciServiceOptions options_;
+  std::unique_ptr<PlayingMedia> media_;
   MciTimeFormat timeFormat_ = MciTimeFormat::Frames;
   Mode mode_ = Mode::Stopped;
-  bool hasPicture_ = false;
-  double framesPerSecond_ = 0;
   MciRect destination_;
   std::optional<double> playEnd_;  // seconds; where the last "play ... to" stops
   double leftGain_ = 1.0;

@@ -6,7 +6,7 @@
 namespace yarvo {
 
 std::string_view mciErrorText(std::uint32_t code) {
-  static constexpr std::array<std::pair<MciError, std::string_view>, 16> kTexts{{
+  static constexpr std::array<std::pair<MciError, std::string_view>, 17> kTexts{{
       {MciError::None, "The command was carried out."},
       {MciError::UnrecognizedKeyword,
        "The command contains a word that the media service does not know."},
@@ -24,6 +24,8 @@ std::string_view mciErrorText(std::uint32_t code) {
       {MciError::UnplayableFile,
        "The file cannot be played: its format is unknown or it is damaged."},
       {MciError::NoPicture, "This media has no picture."},
+      {MciError::NoSoundFont,
+       "MIDI files cannot be played: no General MIDI sound font is installed."},
       {MciError::Timeout, "The media engine did not answer in time."},
   }};
   for (const auto& [error, text] : kTexts) {

@@ -24,6 +24,7 @@ enum class MciError : std::uint32_t {
   DuplicateAlias = 289,
   UnplayableFile = 304,
   NoPicture = 324,
+  NoSoundFont = 343,  // the classic "no MIDI device" error
   Timeout = 345,
 };
 
