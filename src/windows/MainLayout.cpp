@@ -74,6 +74,8 @@ void MainPanel(Main& main) {
 
 void RightColumn(Main& main) {
   main.RightFrame.Move(4920, 360, 1095, 2175);
+  main.Butoane1.SetContainer(&main.RightFrame);
+  main.Butoane1.Move(60, 120, 975, 930);
   for (Control* inside :
        {static_cast<Control*>(&main.Image3), static_cast<Control*>(&main.Image4),
         static_cast<Control*>(&main.InfoLabel), static_cast<Control*>(&main.PlaylistLabel)})

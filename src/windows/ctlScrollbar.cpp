@@ -190,8 +190,22 @@ void ctlScrollbar::Redraw() {
                  upHeld_ || thumbHeld_ || trackUpHeld_ || trackDownHeld_, DownButtonNormal,
                  DownButtonHover, DownButtonDown, 2, Tracking3);
   });
+  KeepValueOnNewTravel();
   PlaceThumb();
   ResumeNext([&] { UpdateValue(); });
+}
+
+// The skin's pictures arrive after the settings gave the bars their values,
+// and a window may size a bar: the thumb moves to keep the value where the
+// track's travel changed, rather than the value following the thumb.
+void ctlScrollbar::KeepValueOnNewTravel() {
+  const double travel = Travel();
+  if (travel == travel_) return;
+  const bool measured = travel_ > 0;
+  travel_ = travel;
+  if (!measured || max == min) return;
+  pixelsPerUnit_ = travel / (max - min);
+  thumbPos_ = SmallChange * pixelsPerUnit_ * (value_ - min);
 }
 
 // The three looks of a part: held under the pointer, hovered while no other

@@ -145,6 +145,7 @@ class ctlScrollbar : public Control {
                     const Picture& normal, const Picture& hover, const Picture& down, int arrow,
                     Timer& tracking);
   void PlaceThumb();
+  void KeepValueOnNewTravel();
   void UpdateValue();
   void PaintTrack();
 
@@ -174,6 +175,7 @@ class ctlScrollbar : public Control {
   double thumbPos_ = 0;
   double pixelsPerUnit_ = 0;
   double dragOffset_ = 0;
+  double travel_ = 0;  // the travel of the last Redraw
   bool upHeld_ = false;
   bool thumbHeld_ = false;
   bool downHeld_ = false;

@@ -32,8 +32,8 @@ Atom WindowType(Display* display, Window window) {
   int format = 0;
   unsigned long count = 0, after = 0;
   unsigned char* data = nullptr;
-  if (XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_WINDOW_TYPE", False), 0,
-                         1, False, XA_ATOM, &actual, &format, &count, &after, &data) == Success &&
+  if (XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_WINDOW_TYPE", False), 0, 1,
+                         False, XA_ATOM, &actual, &format, &count, &after, &data) == Success &&
       data) {
     if (count > 0 && format == 32) type = *reinterpret_cast<Atom*>(data);
     XFree(data);
@@ -47,7 +47,8 @@ XServer::XServer() : display_(":" + std::to_string(80 + getpid() % 100)) {
   const std::string socket = "/tmp/.X11-unix/X" + display_.substr(1);
   pid_ = Spawn({"Xvfb", display_, "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
   const auto deadline = std::chrono::steady_clock::now() + 20s;
-  while (pid_ > 0 && !std::filesystem::exists(socket) && std::chrono::steady_clock::now() < deadline)
+  while (pid_ > 0 && !std::filesystem::exists(socket) &&
+         std::chrono::steady_clock::now() < deadline)
     std::this_thread::sleep_for(20ms);
   ready_ = pid_ > 0 && std::filesystem::exists(socket);
 }
@@ -63,7 +64,7 @@ bool XServer::DialogShown() const {
   const std::unique_ptr<Display, CloseDisplay> display(XOpenDisplay(display_.c_str()));
   if (!display) return false;
   const Atom dialog = XInternAtom(display.get(), "_NET_WM_WINDOW_TYPE_DIALOG", False);
-  Window root = 0, parent = 0, *children = nullptr;
+  ::Window root = 0, parent = 0, *children = nullptr;
   unsigned int count = 0;
   if (!XQueryTree(display.get(), DefaultRootWindow(display.get()), &root, &parent, &children,
                   &count))
@@ -76,6 +77,50 @@ bool XServer::DialogShown() const {
   }
   if (children) XFree(children);
   return shown;
+}
+
+std::vector<XServer::Window> XServer::Windows() const {
+  std::vector<Window> windows;
+  const std::unique_ptr<Display, CloseDisplay> display(XOpenDisplay(display_.c_str()));
+  if (!display) return windows;
+  ::Window root = 0, parent = 0, *children = nullptr;
+  unsigned int count = 0;
+  if (!XQueryTree(display.get(), DefaultRootWindow(display.get()), &root, &parent, &children,
+                  &count))
+    return windows;
+  for (unsigned int i = 0; i < count; ++i) {
+    XWindowAttributes attributes{};
+    if (!XGetWindowAttributes(display.get(), children[i], &attributes)) continue;
+    Window window;
+    window.id = children[i];
+    window.x = attributes.x;
+    window.y = attributes.y;
+    window.width = attributes.width;
+    window.height = attributes.height;
+    window.mapped = attributes.map_state == IsViewable;
+    window.popup = attributes.override_redirect;
+    char* name = nullptr;
+    if (XFetchName(display.get(), children[i], &name) && name) {
+      window.name = name;
+      XFree(name);
+    }
+    windows.push_back(std::move(window));
+  }
+  if (children) XFree(children);
+  return windows;
+}
+
+std::optional<XServer::Window> XServer::Find(const std::string& name) const {
+  for (const Window& window : Windows())
+    if (window.name == name) return window;
+  return std::nullopt;
+}
+
+std::optional<XServer::Window> XServer::Popup() const {
+  const auto windows = Windows();
+  for (auto it = windows.rbegin(); it != windows.rend(); ++it)
+    if (it->popup && it->mapped && it->width > 20) return *it;
+  return std::nullopt;
 }
 
 }  // namespace yarvo::test

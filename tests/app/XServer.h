@@ -3,7 +3,9 @@
 
 #include <sys/types.h>
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace yarvo::test {
 
@@ -20,6 +22,22 @@ class XServer {
 
   // Whether a dialog window (a message box) is mapped on the screen.
   bool DialogShown() const;
+
+  // A top-level window: where it is, whether it shows, whether the window
+  // manager leaves it alone (popup menus), its title.
+  struct Window {
+    unsigned long id = 0;
+    std::string name;
+    int x = 0, y = 0, width = 0, height = 0;
+    bool mapped = false;
+    bool popup = false;
+  };
+  // The top-level windows, bottom first.
+  std::vector<Window> Windows() const;
+  // The window with this title, if there is one.
+  std::optional<Window> Find(const std::string& name) const;
+  // The topmost popup window that shows.
+  std::optional<Window> Popup() const;
 
  private:
   std::string display_;
