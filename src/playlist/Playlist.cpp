@@ -8,7 +8,12 @@
 #include "playlist/ClsPl.h"
 #include "playlist/Id3Module.h"
 #include "settings/KeyShortcut.h"
+#include "platform/Desktop.h"
+#include "windows/FormMeniuri.h"
 #include "windows/Main.h"
+#include "windows/Resize.h"
+
+#include <tuple>
 
 namespace yarvo {
 
@@ -32,6 +37,8 @@ Playlist::Playlist() : SkinnedForm("Playlist") {
   ScrollBar.Move(4000 - 320, 380, 210, 4530 - 720);
   ItemsLabel.Move(120, 4530 - 350, 2500, 255);
   Shape1.Move(120, 4530 - 360, 4000 - 500, 15);
+  Shape1.BackColor = 0x808080;
+  ItemsLabel.ForeColor = 0x808080;
   ResizeArea.Move(4000 - 195, 4530 - 195, 195, 195);
   ResizeArea.FontSize = 7;
   AnchorFrame();
@@ -43,6 +50,7 @@ Playlist::Playlist() : SkinnedForm("Playlist") {
   PicList.FilesDropped = [this](const std::vector<std::string>& paths, double y) {
     Playlist_PicList_OLEDragDrop(paths, y, PicList.RowHeight());
   };
+  BindFrame();
   // The list is the window's one control that takes keys: the host hands
   // the window's keys to it.
   KeyDown = [this](int& keyCode, int shift) {
@@ -51,6 +59,35 @@ Playlist::Playlist() : SkinnedForm("Playlist") {
   PicList.KeyDown = [](int& keyCode, int) {
     HandleShortcutKey(keyCode);
     if (keyCode == 46) StergeFisier();  // Delete
+  };
+}
+
+// The frame drags the window, the grip sizes it, the title bar pops the
+// window's menus up, and the close button hides it.
+void Playlist::BindFrame() {
+  auto move = [this](const MouseEvent&) { FormMove(*this); };
+  MouseDown = move;
+  for (PictureBox* edge : {&ImgTopLeft, &ImgTopCenter, &ImgTopRight, &ImgLeft, &ImgRight,
+                           &ImgBottomLeft, &ImgBottomCenter, &ImgBottomRight})
+    edge->MouseDown = move;
+  ItemsLabel.MouseDown = move;
+  for (auto [plate, caption, menu, x] :
+       {std::tuple{&Meniu1, &Label1, &FormMeniuri::PlaylistMenu1, 250},
+        std::tuple{&Meniu2, &Label3, &FormMeniuri::PlaylistMenu2, 1100}}) {
+    auto popUp = [this, menu = menu, x = x](const MouseEvent&) {
+      auto& p = program();
+      p.desktop().PopupMenu(*this, p.FormMeniuri().*menu, x, 300);
+    };
+    plate->MouseUp = popUp;
+    caption->MouseUp = popUp;
+  }
+  CloseButton.Click = [this] {
+    Hide();
+    program().DataForm().PlaylistON = "0";
+  };
+  ResizeArea.MousePointer = 8;
+  ResizeArea.MouseMove = [this](const MouseEvent& e) {
+    if (e.button == MouseButton::Left) SizeFromCorner(*this);
   };
 }
 

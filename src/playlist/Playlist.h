@@ -25,9 +25,11 @@ class Playlist : public SkinnedForm {
   PictureBox FrameScroll{this, "FrameScroll"};
   ctlScrollbar ScrollBar{this, "ScrollBar", 0, 100.0, 10.0};
   Label ItemsLabel{this, "ItemsLabel", "Total items:"};
-  PictureBox Shape1{this, "Shape1"};
+  PictureBox Shape1{this, "Shape1"};  // the line above the row count
   Label ResizeArea{this, "ResizeArea", "o"};
   Timer ScrollTimer{this, "ScrollTimer", 1000, true};
+
+  void BindFrame();
 
   // Thumb and row count follow the list once a second.
   void Playlist_ScrollTimer_Timer();

@@ -1,0 +1,106 @@
+#!/usr/bin/env bash
+# Takes the screenshots in docs/screenshots/: the player's windows in both
+# skins on an X server of its own, its menus, and the four visualisations of
+# a generated chord. Run from anywhere; needs what scripts/run needs, plus
+# Xvfb, xdotool, ffmpeg and ImageMagick (all in scripts/packages.txt).
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+out=$root/docs/screenshots
+cd "$root"
+scripts/install-deps
+cmake --preset release >/dev/null
+cmake --build --preset release --target yarvo-player yarvo-data >/dev/null
+
+work=$(mktemp -d)
+display=":$((90 + RANDOM % 9))"
+cleanup() {
+  pkill -P $$ yarvo-player 2>/dev/null || true
+  [ -n "${xvfb:-}" ] && kill "$xvfb" 2>/dev/null || true
+  rm -rf "$work"
+}
+trap cleanup EXIT
+Xvfb "$display" -screen 0 1280x800x24 -nolisten tcp >/dev/null 2>&1 &
+xvfb=$!
+export DISPLAY=$display
+for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
+xsetroot -solid '#5d6b7a' 2>/dev/null || true
+
+folder=$work/program
+mkdir -p "$folder" "$out"
+cp -r data/* "$folder"/
+cp build/release/bin/yarvo-player "$folder"/
+export HOME=$work/home XDG_RUNTIME_DIR=$work/home PULSE_SERVER=unix:$work/no-server
+mkdir -p "$HOME"
+
+# A chord whose partials swell and fade at their own pace, so that every
+# visualisation has something to show.
+song=$folder/Chord.mp3
+ffmpeg -loglevel error -y -f lavfi -i "aevalsrc=exprs='0.22*sin(2*PI*110*t)*(0.6+0.4*sin(2*PI*0.3*t))+0.16*sin(2*PI*220*t)+0.12*sin(2*PI*330*t)*(0.5+0.5*sin(2*PI*0.7*t))+0.1*sin(2*PI*587*t)*(0.5+0.5*sin(2*PI*1.1*t))+0.07*sin(2*PI*1318*t)*(0.5+0.5*sin(2*PI*0.9*t))+0.05*sin(2*PI*2637*t)*(0.5+0.5*sin(2*PI*1.7*t))+0.03*sin(2*PI*5274*t)':s=44100:d=60" -ac 2 -b:a 192k "$song"
+
+left=100 top=100
+# settings.ini for a skin, a window ("main" or "mini") and a visualisation
+# (8 spectrum analyser, 9 wave, 10 wave image, 11 oscilloscope).
+settings() {
+  local skin=$1 window=$2 mode=${3:-8}
+  local -a lines
+  for i in $(seq 0 71); do lines[i]=""; done
+  lines[2]=$((left * 15)); lines[3]=$((top * 15))
+  lines[7]=$(((left + 420) * 15)); lines[8]=$((top * 15))
+  lines[11]=70; lines[16]="Playlist=False"; lines[20]=$skin; lines[53]=Full; lines[56]=$window
+  for option in 8 9 10 11; do lines[36 + option]=$([ "$option" = "$mode" ] && echo True || echo False); done
+  printf '%s\r\n' "${lines[@]}" >"$folder/settings.ini"
+}
+
+start() {
+  "$folder/yarvo-player" "$@" >/dev/null 2>&1 &
+  player=$!
+  sleep 4
+}
+stop() {
+  kill -TERM "$player" 2>/dev/null || true
+  wait "$player" 2>/dev/null || true
+}
+# The screen's rectangle at 1x and, for the look of the pixels, at 2x.
+shoot() {
+  local name=$1 geometry=$2
+  import -window root -crop "$geometry" +repage "$out/$name.png"
+  convert "$out/$name.png" -filter point -resize 200% "$out/$name@2x.png"
+}
+
+for skin in Default Aluminium; do
+  settings "$skin" main 8
+  start "$song"
+  shoot "main-$skin" 406x235+$left+$top
+  stop
+  settings "$skin" mini 8
+  start "$song"
+  shoot "mini-$skin" 407x99+$left+$top
+  stop
+done
+
+# The File menu: a separator either side of "File info", where the hidden
+# CD item leaves no gap; the playback mode submenu with its checked item.
+settings Default main 8
+start
+xdotool mousemove $((left + 32)) $((top + 8)) click 1
+sleep 1
+shoot menu-file 420x170+$left+$top
+xdotool key Escape
+sleep 0.5
+xdotool mousemove $((left + 100)) $((top + 8)) click 1
+sleep 0.5
+xdotool key Down Down Down Down Down Down Right
+sleep 1
+shoot menu-show-hide 420x200+$left+$top
+stop
+
+# The four visualisations, each from the same chord, the display enlarged.
+modes=([8]=analyser [9]=wave [10]=wave-image [11]=oscilloscope)
+for option in 8 9 10 11; do
+  settings Default main "$option"
+  start "$song"
+  import -window root -crop 169x41+$((left + 8 + 136))+$((top + 24 + 48)) +repage "$work/vis.png"
+  convert "$work/vis.png" -filter point -resize 300% "$out/visualisation-${modes[$option]}.png"
+  stop
+done
+echo "screenshots in ${out#"$root"/}"
