@@ -41,7 +41,7 @@ left=100 top=100
 # settings.ini for a skin, a window ("main" or "mini") and a visualisation
 # (8 spectrum analyser, 9 wave, 10 wave image, 11 oscilloscope).
 settings() {
-  local skin=$1 window=$2 mode=${3:-8}
+  local skin=$1 window=$2 mode=${3:-8} option i
   local -a lines
   for i in $(seq 0 71); do lines[i]=""; done
   lines[2]=$((left * 15)); lines[3]=$((top * 15))
@@ -51,10 +51,17 @@ settings() {
   printf '%s\r\n' "${lines[@]}" >"$folder/settings.ini"
 }
 
+# Starts the player; "play" starts the chord from the playlist with the next
+# button, as a person would (the skin is in place by then, and with it the
+# visualisation's colours).
 start() {
-  "$folder/yarvo-player" "$@" >/dev/null 2>&1 &
+  "$folder/yarvo-player" >/dev/null 2>&1 &
   player=$!
-  sleep 4
+  sleep 3
+  if [ "${1:-}" = play ]; then
+    xdotool mousemove "$2" "$3" click 1
+    sleep 3
+  fi
 }
 stop() {
   kill -TERM "$player" 2>/dev/null || true
@@ -67,13 +74,18 @@ shoot() {
   convert "$out/$name.png" -filter point -resize 200% "$out/$name@2x.png"
 }
 
+printf '%s\r\n' "$song" >"$folder/Data/plst.data"
+# The next buttons of the main and the mini window.
+next_main=($((left + 386)) $((top + 64)))
+next_mini=($((left + 389)) $((top + 55)))
+
 for skin in Default Aluminium; do
   settings "$skin" main 8
-  start "$song"
+  start play "${next_main[@]}"
   shoot "main-$skin" 406x235+$left+$top
   stop
   settings "$skin" mini 8
-  start "$song"
+  start play "${next_mini[@]}"
   shoot "mini-$skin" 407x99+$left+$top
   stop
 done
@@ -98,7 +110,7 @@ stop
 modes=([8]=analyser [9]=wave [10]=wave-image [11]=oscilloscope)
 for option in 8 9 10 11; do
   settings Default main "$option"
-  start "$song"
+  start play "${next_main[@]}"
   import -window root -crop 169x41+$((left + 8 + 136))+$((top + 24 + 48)) +repage "$work/vis.png"
   convert "$work/vis.png" -filter point -resize 300% "$out/visualisation-${modes[$option]}.png"
   stop
