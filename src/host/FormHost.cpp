@@ -129,6 +129,10 @@ FormHost::FormHost(Form& form) : form_(form) {
   syncing_ = false;
 }
 
+FormHost::~FormHost() {
+  if (underPointer_ == this) underPointer_ = nullptr;
+}
+
 void FormHost::SyncWindow() {
   const QString title = WindowTitle(form_.Caption);
   if (windowTitle() != title) setWindowTitle(title);
@@ -163,7 +167,10 @@ void FormHost::Sync() {
   syncing_ = false;
 }
 
+// A minimised window is drawn whole when it comes back, not while no one
+// sees it.
 void FormHost::Repaint(const Form::Changes& changes) {
+  if (isMinimized()) return;
   if (changes.window) {
     drawn_.clear();
     update();
@@ -363,11 +370,16 @@ void FormHost::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() != QEvent::WindowStateChange || syncing_) return;
   const auto state = isMinimized() ? WindowState::Minimized : WindowState::Normal;
+  if (state == WindowState::Normal) update();
   QtEvents::Dispatch([&] { form_.WindowState = state; });
 }
 
 bool FormHost::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate) {
+  if (event->type() == QEvent::Enter) {
+    underPointer_ = this;
+  } else if (event->type() == QEvent::Leave && underPointer_ == this) {
+    underPointer_ = nullptr;
+  } else if (event->type() == QEvent::WindowActivate) {
     QtEvents::Dispatch([this] {
       if (form_.Activate) form_.Activate();
     });

@@ -25,6 +25,7 @@ class PictureBox;
 class FormHost final : public QWidget {
  public:
   explicit FormHost(Form& form);
+  ~FormHost() override;
 
   Form& Model() const { return form_; }
   // Brings the window in line with what changed in the model: the window
@@ -34,6 +35,10 @@ class FormHost final : public QWidget {
   // Moves (hit code 2) or sizes by the bottom right corner (hit code 17) the
   // window with the pointer until the mouse button is let go.
   void DragWindow(int hitCode);
+
+  // The program's window the pointer is in, as the window system last told;
+  // null while it is elsewhere, so that no one need ask the X server.
+  static FormHost* UnderPointer() { return underPointer_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -75,6 +80,7 @@ class FormHost final : public QWidget {
   Form& form_;
   bool syncing_ = false;
   Control* pressed_ = nullptr;  // the control a held button went down on
+  static inline FormHost* underPointer_ = nullptr;
   Control* hovered_ = nullptr;  // the control the pointer is over
 };
 

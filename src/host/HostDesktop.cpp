@@ -12,7 +12,13 @@
 
 namespace yarvo {
 
+ScreenPoint HostDesktop::CursorPos() const {
+  if (FormHost::UnderPointer()) lastPointer_ = QtDesktop::CursorPos();
+  return lastPointer_;
+}
+
 const Form* HostDesktop::FormAt(ScreenPoint point) const {
+  if (!FormHost::UnderPointer()) return nullptr;
   QWidget* widget = QApplication::widgetAt(point.x, point.y);
   auto* host = widget ? dynamic_cast<FormHost*>(widget->window()) : nullptr;
   return host ? &host->Model() : nullptr;
