@@ -87,11 +87,14 @@ void Main::Main_Form_Load() {
     if (MiniForm* mini = p.LoadedMiniForm(); mini && mini->Visible) {
       for (auto [from, to] :
            {std::pair{&TSec, &mini->TSec}, std::pair{&StarePlayer, &mini->StarePlayer},
-            std::pair{&TotalTime, &mini->TotalTime}, std::pair{&Titlu, &mini->Titlu}}) {
+            std::pair{&TotalTime, &mini->TotalTime}, std::pair{&Titlu, &mini->Titlu},
+            std::pair{&Label1, &mini->Label1}, std::pair{&Label3, &mini->Label3},
+            std::pair{&Label4, &mini->Label4}}) {
         to->ForeColor = from->ForeColor.get();
       }
       mini->Visualisation.BackColor = BackColor.get();
       mini->BackColor = BackColor.get();
+      mini->ImagineVolum.Picture = ImagineVolum.Picture.get();
     }
   });
 }

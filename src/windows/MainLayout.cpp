@@ -86,7 +86,10 @@ void RightColumn(Main& main) {
   main.InfoLabel.Move(0, 1200, 1095, 240);
   main.Image4.Move(0, 1440, 1095, 240);
   main.PlaylistLabel.Move(0, 1440, 1095, 240);
-  for (Label* caption : {&main.InfoLabel, &main.PlaylistLabel}) caption->Align = Alignment::Center;
+  for (Label* caption : {&main.InfoLabel, &main.PlaylistLabel}) {
+    caption->Align = Alignment::Center;
+    caption->FontSize = 7;
+  }
   MakeImage(main.Logo, false);
   main.Logo.Move(4920, 2760, 1095, 585);
 }

@@ -23,6 +23,7 @@ MiniForm::MiniForm() : SkinnedForm("MiniForm") {
   for (Label* caption : {&Label1, &Label3, &Label4}) caption->Align = Alignment::Center;
   LabelVideo.Move(2985, 30, 1815, 195);
   LabelVideo.Align = Alignment::Center;
+  LabelVideo.ForeColor = 0x808080;  // no skin line colours it: a grey that reads on any
   for (PictureBox* button : {&MinimizeButton, &CloseButton, &ImagineVolum})
     MakeImage(*button, false);
   MinimizeButton.Move(4920, 0, 330, 255);
