@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <string>
 #include <span>
+#include <string>
 
 namespace yarvo {
 

@@ -4,11 +4,11 @@
 #include "core/form/RuntimeError.h"
 #include "director/ClsMain.h"
 #include "director/Program.h"
+#include "platform/Desktop.h"
 #include "playlist/AddMedia.h"
 #include "playlist/ClsPl.h"
 #include "playlist/Id3Module.h"
 #include "settings/KeyShortcut.h"
-#include "platform/Desktop.h"
 #include "windows/FormMeniuri.h"
 #include "windows/Main.h"
 #include "windows/Resize.h"
@@ -51,6 +51,11 @@ Playlist::Playlist() : SkinnedForm("Playlist") {
     Playlist_PicList_OLEDragDrop(paths, y, PicList.RowHeight());
   };
   BindFrame();
+  BindRows();
+  Resize = [this] { ResizePlaylist(); };
+  Activate = [this] { Playlist_Form_Activate(); };
+  ScrollBar.Change = [this] { ScrollBarMoved(); };
+  ScrollBar.Scroll = [this] { ScrollBarMoved(); };
   // The list is the window's one control that takes keys: the host hands
   // the window's keys to it.
   KeyDown = [this](int& keyCode, int shift) {
@@ -85,9 +90,22 @@ void Playlist::BindFrame() {
     Hide();
     program().DataForm().PlaylistON = "0";
   };
-  ResizeArea.MousePointer = 8;
   ResizeArea.MouseMove = [this](const MouseEvent& e) {
-    if (e.button == MouseButton::Left) SizeFromCorner(*this);
+    MousePointer = 8;
+    if (e.button != MouseButton::Left) return;
+    ResizeHeld = true;
+    SizeFromCorner(*this);
+    ResizeHeld = false;
+  };
+  MouseMove = [this](const MouseEvent&) {
+    auto& store = program().DataForm();
+    MousePointer = 0;
+    for (PictureBox* plate : {&Meniu1, &Meniu2, &Meniu3})
+      ResumeNext([&] { plate->Picture = store.MeniuNormal.get(); });
+    ResumeNext([&] { CloseButton.Picture = store.CloseNormal.get(); });
+  };
+  CloseButton.MouseMove = [this](const MouseEvent&) {
+    ResumeNext([this] { CloseButton.Picture = program().DataForm().CloseFocus.get(); });
   };
 }
 

@@ -30,6 +30,16 @@ class Playlist : public SkinnedForm {
   Timer ScrollTimer{this, "ScrollTimer", 1000, true};
 
   void BindFrame();
+  void BindRows();
+  void ShowRowMenu(const MouseEvent& e);
+  // Lays the window out to its size, kept within its limits.
+  void ResizePlaylist();
+  void ScrollBarMoved();
+  void Playlist_Form_Activate();
+
+  // The row a row drag started from; true while the grip is held.
+  int OldRow = -1;
+  bool ResizeHeld = false;
 
   // Thumb and row count follow the list once a second.
   void Playlist_ScrollTimer_Timer();
@@ -37,6 +47,12 @@ class Playlist : public SkinnedForm {
   void Playlist_PicList_Click();
   // A row double-clicked: it plays, and next and previous step from it.
   void Playlist_PicList_DblClick();
+
+ private:
+  bool dragging_ = false;
 };
+
+// Moves row `pintOldRow` to `pintNewRow`; the rows between shift by one.
+void ListRowMove(StringList& pobjLB, int pintOldRow, int pintNewRow);
 
 }  // namespace yarvo

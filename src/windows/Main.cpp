@@ -40,6 +40,8 @@ Main::Main() : SkinnedForm("Main") {
   sldEQR(10).value = 100;
   BindEqualizer();
   BindFrame();
+  BindHover();
+  BindClicks();
   TimerMisc(0).Tick = [this] { Main_TimerMisc_Timer(); };
   TimeCounter.Tick = [this] { Main_TimeCounter_Timer(); };
   ScrollTextTimer.Tick = [this] { Main_ScrollTextTimer_Timer(); };

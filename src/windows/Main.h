@@ -125,6 +125,17 @@ class Main : public SkinnedForm {
   void LayOutControls();
   // The frame's events: drag, menu bar, resize grip, close button.
   void BindFrame();
+  // The hover looks (MainHover.cpp) and the clicks (MainClicks.cpp).
+  void BindHover();
+  void BindClicks();
+  const Property<yarvo::Picture>& RestingPicture(int button);
+  PictureBox& SmallButton(int button);
+  void HoverSmallButton(int button);
+  void RestSmallButtons();
+  void HoverMenuPlate(int plate);
+  void TogglePlaylist();
+  void Main_MinimizeButton_Click();
+  void Main_Form_Activate();
   void RepairMediaDrivers();
   void VolumChange();
   void VolumFocus();

@@ -62,8 +62,8 @@ void Main::BindFrame() {
     caption->MouseUp = popUp;
   }
 
-  ResizeArea.MousePointer = 8;
   ResizeArea.MouseMove = [this](const MouseEvent& e) {
+    MousePointer = 8;
     if (e.button != MouseButton::Left) return;
     SizeFromCorner(*this);
     ResumeNext([this] {

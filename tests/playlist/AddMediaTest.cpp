@@ -200,6 +200,7 @@ TEST_F(Drop, FilesOnRowZeroStandReversedBeforeTheOldFirstRow) {
 TEST_F(Drop, OneFileGoesInAtTheRowUnderThePointerCountedFromTheFirstRowShown) {
   DropAt({"/d/low.mp3"}, 100000);  // below the last row: before the last row
   EXPECT_EQ(Titles(), (Strings{"a", "b", "low", "c"}));
+  P().Playlist().PicList.Height = 2 * kRow * 15;  // two rows shown: the list can scroll
   P().Playlist().PicList.TopIndex = 1;
   DropAt({"/d/mid.mp3"}, kRow * 15);  // the second row shown
   EXPECT_EQ(Titles(), (Strings{"a", "b", "mid", "low", "c"}));
@@ -230,6 +231,7 @@ TEST_F(AddMedia, TheRowUnderThePointerIsTheShownRowPlusTopIndexAtMostTheLast) {
   EXPECT_EQ(ListRowCalc(list, 500, 13), -1) << "an empty list";
   EXPECT_THROW(ListRowCalc(list, 500, 0), RuntimeError);
   for (int i = 0; i < 10; ++i) list.AddItem(std::to_string(i));
+  list.Height = 5 * 13 * 15;  // five rows shown
   struct Case {
     double y;  // twips, rounded to whole pixels first
     int top;

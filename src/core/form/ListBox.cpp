@@ -4,11 +4,22 @@
 #include <cmath>
 
 #include "core/form/RuntimeError.h"
+#include "core/form/Twips.h"
 
 namespace yarvo {
 
 ListBox::ListBox(Form* owner, std::string name, int index)
-    : Control(owner, std::move(name), index) {}
+    : Control(owner, std::move(name), index) {
+  TopIndex.onChange([this] {
+    const int last = std::max(0, ListCount() - VisibleRows());
+    if (TopIndex < 0) TopIndex = 0;
+    if (TopIndex > last) TopIndex = last;
+  });
+}
+
+int ListBox::VisibleRows() const {
+  return std::max(1, Height / kTwipsPerPixel / std::max(1, RowHeight()));
+}
 
 void ListBox::SetText(const std::string& text) {
   const auto& rows = Items();

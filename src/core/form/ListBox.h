@@ -17,8 +17,11 @@ class ListBox : public Control, public StringList {
   using StringList::Text;
   void SetText(const std::string& text);
 
-  // The first row shown; the host keeps it within the rows.
+  // The first row shown: at most the first row of the last full page, as a
+  // list scrolls no further.
   Property<int> TopIndex{0};
+  // How many whole rows the list shows at its height.
+  int VisibleRows() const;
   Property<bool> Sorted{false};
 
   // The height of one row in pixels, as the list draws it: its font size in
