@@ -1,11 +1,9 @@
 #include "Buttons.h"
 
-#include <QFont>
-#include <QFontMetricsF>
-
 #include "Layout.h"
 #include "Paint.h"
 #include "Panels.h"
+#include "PixelFont.h"
 
 namespace skingen {
 
@@ -14,66 +12,72 @@ namespace {
 namespace L = layout;
 
 enum class Look { Plain, Hover, Second };
-enum class Led { None, Lit, Glowing, Dark };
+enum class Led { Lit, Glowing, Dark };
+
+// What stands left of a label: the lamp of a button that turns something on
+// and off, or the arrow of one that opens a menu.
+enum class Mark { None, Lamp, Menu };
 
 struct SmallButton {
   int number;
   QPoint where;       // on the panel; 1 and 6, never shown, take the ground of 5 and 4
   const char* label;  // printed on the plate
-  bool hasState;      // the second picture means "off"
+  Mark mark;          // with a lamp, the second picture means "off"
 };
 
 constexpr SmallButton kSmallButtons[] = {
-    {1, L::kButton5, "VIS", false},     {2, L::kButton2, "EQ", true},
-    {3, L::kButton3, "PRESETS", false}, {4, L::kButton4, "LIST", true},
-    {5, L::kButton5, "MEDIA", true},    {6, L::kButton4, "SETUP", true},
+    {1, L::kButton5, "VIS", Mark::None},     {2, L::kButton2, "EQ", Mark::Lamp},
+    {3, L::kButton3, "PRESETS", Mark::Menu}, {4, L::kButton4, "LIST", Mark::Lamp},
+    {5, L::kButton5, "MEDIA", Mark::Lamp},   {6, L::kButton4, "SETUP", Mark::Lamp},
 };
 
-QFont LabelFont() {
-  QFont font(QStringLiteral("DejaVu Sans"));
-  font.setPixelSize(7);
-  font.setBold(true);
-  font.setLetterSpacing(QFont::AbsoluteSpacing, 0.15);
-  return font;
-}
+// The plate fills rows 1 to 14 of the picture; the capitals stand on rows 4
+// to 10, and the marks share their middle (y 7.5) and one column (x 6.5),
+// so that the marks of stacked buttons line up.
+constexpr QRectF kPlate(0, 1, 41, 14);
+constexpr int kLabelTop = 4;
+constexpr QRectF kLamp(5, 6, 3, 3);
+constexpr int kLabelLeft = 10;  // right of a mark; the face ends at x 38
+constexpr int kFaceRight = 39;
 
-// A small lamp set into the plate: a dark well, the lamp, and when lit a
-// brighter centre.
-void DrawLed(QPainter& p, const Theme& t, const QRectF& r, Led led) {
-  if (led == Led::None) return;
-  p.fillPath(RoundedRect(r.adjusted(-1, -1, 1, 1), 1.5), t.groove.floor);
+void DrawLed(QPainter& p, const Theme& t, Led led) {
+  p.fillPath(RoundedRect(kLamp.adjusted(-1, -1, 1, 1), 1.5), t.groove.floor);
   const QColor fill = led == Led::Lit       ? t.accent
                       : led == Led::Glowing ? Mix(t.accent, t.accentDim, 0.5)
                                             : t.accentDim;
-  p.fillPath(RoundedRect(r, 1), fill);
-  if (led == Led::Lit) p.fillRect(QRectF(r.left() + 1, r.top(), 1, 1), t.accentBright);
+  p.fillPath(RoundedRect(kLamp, 1), fill);
+  if (led == Led::Lit) p.fillRect(QRectF(kLamp.left() + 1, kLamp.top(), 1, 1), t.accentBright);
+}
+
+// A small triangle pointing down, 5 px wide and 3 high, in the lamp's place.
+void DrawMenuArrow(QPainter& p, const QColor& ink) {
+  const int left = static_cast<int>(kLamp.center().x() - 2.5);
+  const int top = static_cast<int>(kLamp.top());
+  for (int row = 0; row < 3; ++row) p.fillRect(QRect(left + row, top + row, 5 - 2 * row, 1), ink);
 }
 
 QImage SmallButtonPicture(const Theme& t, const QImage& panel, const SmallButton& b, Look look) {
   QImage image = panel.copy(QRect(b.where, L::kSmallButton));
   Pen p(&image);
-  const PlateLook& plate = look == Look::Hover ? t.plateHover : t.plate;
-  const QRectF outer(0, 1, L::kSmallButton.width(), 14);
-  DrawPlate(p, outer, 3, plate);
-  Led led = Led::None;
-  if (b.hasState)
-    led = look == Look::Plain ? Led::Lit : look == Look::Hover ? Led::Glowing : Led::Dark;
-  const QFont font = LabelFont();
-  p.setFont(font);
-  const QString text = QString::fromLatin1(b.label);
-  const double textWidth = QFontMetricsF(font).horizontalAdvance(text);
-  const double ledWidth = led == Led::None ? 0 : 7;
-  const double left = std::floor((outer.width() - textWidth - ledWidth) / 2.0 + 0.5);
-  DrawLed(p, t, QRectF(left, 7, 3, 3), led);
-  p.setPen(look == Look::Hover ? t.glyphHover : t.glyph);
-  p.drawText(QRectF(left + ledWidth, 2, textWidth + 2, 12), Qt::AlignLeft | Qt::AlignVCenter, text);
+  DrawPlate(p, kPlate, 3, look == Look::Hover ? t.plateHover : t.plate);
+  const QColor ink = look == Look::Hover ? t.glyphHover : t.glyph;
+  if (b.mark == Mark::Lamp) {
+    DrawLed(p, t, look == Look::Plain ? Led::Lit : look == Look::Hover ? Led::Glowing : Led::Dark);
+  } else if (b.mark == Mark::Menu) {
+    DrawMenuArrow(p, ink);
+  }
+  const int left = b.mark == Mark::None ? 0 : kLabelLeft;
+  DrawPixelTextCentred(p, (left + kFaceRight) / 2.0, kLabelTop, QString::fromLatin1(b.label), ink,
+                       1, PixelFace::Capitals);
   return image;
 }
 
 QImage CaptionPlate(const Theme& t, bool hover) {
   QImage image = Canvas(L::kLabelPlate, t.body);
   Pen p(&image);
-  DrawPlate(p, QRectF(4, 0, 65, 15), 3, hover ? t.plateHover : t.plate);
+  // Rows 0 and 15 stay body, so the two plates stacked in the right column
+  // show a gap of 2 px.
+  DrawPlate(p, QRectF(4, 1, 65, 14), 3, hover ? t.plateHover : t.plate);
   return image;
 }
 
@@ -86,7 +90,7 @@ void AddButtons(const Theme& t, SkinImages& images) {
     images[stem + ".bmp"] = SmallButtonPicture(t, panel, b, Look::Plain);
     images[stem + "f.bmp"] = SmallButtonPicture(t, panel, b, Look::Hover);
     images[stem + "b.bmp"] =
-        SmallButtonPicture(t, panel, b, b.hasState ? Look::Second : Look::Plain);
+        SmallButtonPicture(t, panel, b, b.mark == Mark::Lamp ? Look::Second : Look::Plain);
   }
   images["button.bmp"] = CaptionPlate(t, false);
   images["button-focus.bmp"] = CaptionPlate(t, true);

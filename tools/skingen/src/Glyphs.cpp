@@ -77,28 +77,4 @@ QPainterPath Close(const QRectF& box) {
   return Stroked(cross, 1.6);
 }
 
-QPainterPath Speaker(const QRectF& box) {
-  // Body on the left third, cone to the middle, two arcs on the right.
-  const double h = box.height();
-  const double cy = box.center().y();
-  QPainterPath path;
-  path.addRect(QRectF(box.left(), cy - h * 0.18, 2, h * 0.36));
-  QPainterPath cone;
-  cone.moveTo(box.left() + 2, cy - h * 0.18);
-  cone.lineTo(box.left() + 5.5, box.top());
-  cone.lineTo(box.left() + 5.5, box.bottom());
-  cone.lineTo(box.left() + 2, cy + h * 0.18);
-  cone.closeSubpath();
-  path.addPath(cone);
-  QPainterPath waves;
-  const QPointF c(box.left() + 5.0, cy);
-  for (double r : {3.2, 6.0}) {
-    QRectF arc(c.x() - r, c.y() - r, 2 * r, 2 * r);
-    waves.arcMoveTo(arc, 45);
-    waves.arcTo(arc, 45, -90);
-  }
-  path.addPath(Stroked(waves, 1.1, false));
-  return path.simplified();
-}
-
 }  // namespace skingen::glyph

@@ -15,7 +15,6 @@ QPainterPath Previous(const QRectF& box);  // a bar and a triangle pointing left
 QPainterPath Next(const QRectF& box);      // a triangle pointing right and a bar
 QPainterPath Minimize(const QRectF& box);  // a bar along the bottom
 QPainterPath Close(const QRectF& box);     // a cross of two strokes
-QPainterPath Speaker(const QRectF& box);   // a speaker with two sound waves
 
 // A stroke of width `width` along `path`, as a filled outline.
 QPainterPath Stroked(const QPainterPath& path, double width, bool roundCaps = true);

@@ -88,13 +88,16 @@ constexpr QSize kSpeakerSize{13, 11};
 constexpr int kGripFromCorner = 13;
 
 // Transport plate: the picture is 66x64, the control shows 65x62 of it.
+// The player puts each hover and pressed picture at its fixed top left
+// corner and draws it at its own size: the sizes are ours, chosen so that
+// previous and next, whose corners sit high, reach down to play's centre.
 constexpr QSize kTransport{66, 64};
 constexpr QSize kTransportShown{65, 62};
-constexpr QRect kPause{14, 0, 33, 17};
-constexpr QRect kBack{0, 12, 17, 17};
-constexpr QRect kPlay{17, 16, 33, 25};
-constexpr QRect kNext{51, 12, 17, 17};
-constexpr QRect kStop{16, 48, 33, 17};
+constexpr QRect kPause{14, 0, 34, 13};
+constexpr QRect kBack{0, 12, 16, 32};
+constexpr QRect kPlay{17, 16, 32, 29};
+constexpr QRect kNext{51, 12, 15, 32};
+constexpr QRect kStop{16, 48, 33, 14};
 
 // Sliders.
 constexpr QSize kHTrackTile{8, 17};

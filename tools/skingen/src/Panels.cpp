@@ -1,7 +1,11 @@
 #include "Panels.h"
 
 #include <QFont>
+#include <QFontMetricsF>
+#include <QLinearGradient>
 #include <QRadialGradient>
+#include <algorithm>
+#include <cmath>
 
 #include "Frame.h"
 #include "Glyphs.h"
@@ -17,22 +21,41 @@ namespace L = layout;
 
 // Outer edges of the displays and the tray, in panel coordinates.
 constexpr QRect kClockScreen{4, 2, 126, 49};
-constexpr QRect kTitleScreen{132, 3, 178, 88};
-constexpr QRect kTray{108, 91, 202, 97};
+// The title screen's glass ends on the visualisation's last row; the tray
+// keeps a gap of 3 px below it, as the other panels do.
+constexpr QRect kTitleScreen{132, 3, 178, 87};
+constexpr QRect kTray{108, 93, 202, 95};
 constexpr QRect kMiniScreen{1, 1, 191, 46};
 
+// The glow of a display's backlight over `area`: brightest at the middle of
+// its top edge, and faded out completely by its bottom row, so that what
+// lies below (the visualisation's flat picture) meets it without a seam.
+QImage Glow(const Theme& t, QSize area, double reach) {
+  QImage glow = Canvas(area);
+  Pen p(&glow);
+  QRadialGradient light(area.width() / 2.0, 0, reach);
+  light.setColorAt(0, t.screenGlow);
+  light.setColorAt(1, WithAlpha(t.screenGlow, 0));
+  p.fillRect(glow.rect(), light);
+  p.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+  QLinearGradient fade(0, 0, 0, area.height());
+  fade.setColorAt(0, Qt::black);
+  fade.setColorAt(0.45, Qt::black);
+  fade.setColorAt(1, Qt::transparent);
+  p.fillRect(glow.rect(), fade);
+  return glow;
+}
+
 // A recessed, backlit display: a bezel lit from the top left, a glass with
-// an inner shadow along its top and left, and a soft glow that stays above
-// `glowLimit` so the visualisation meets a flat floor of entry 0.
+// an inner shadow along its top and left, and a soft glow that is gone by
+// `glowLimit`, where the glass is entry 0 alone.
 void DrawScreen(QPainter& p, const Theme& t, const QRect& outer, int glowLimit) {
   DrawWell(p, outer, 3, t.screenWell);
   const QRectF glass = QRectF(outer).adjusted(1, 1, -1, -1);
   p.save();
   p.setClipPath(RoundedRect(glass, 2));
-  QRadialGradient glow(glass.center().x(), glass.top(), glass.width() * 0.55);
-  glow.setColorAt(0, t.screenGlow);
-  glow.setColorAt(1, WithAlpha(t.screenGlow, 0));
-  p.fillRect(QRectF(glass.left(), glass.top(), glass.width(), glowLimit - glass.top()), glow);
+  const QRect lit = glass.toRect().adjusted(0, 0, 0, glowLimit - glass.toRect().bottom() - 1);
+  p.drawImage(lit.topLeft(), Glow(t, lit.size(), glass.width() * 0.55));
   for (int i = 0; i < 3; ++i) {
     const QColor shade = WithAlpha(t.screenEdge, 150 - 50 * i);
     p.fillRect(QRectF(glass.left(), glass.top() + i, glass.width(), 1), shade);
@@ -86,10 +109,17 @@ void DrawGrille(QPainter& p, const Theme& t) {
   }
 }
 
+// An engraved rule under the "Multimedia info" heading, which the player
+// writes in DejaVu Sans Bold 11 px: as long as that text, within its label.
 void DrawInfoHeading(QPainter& p, const Theme& t) {
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setPixelSize(11);
+  font.setBold(true);
+  const double text = QFontMetricsF(font).horizontalAdvance(QStringLiteral("Multimedia info"));
+  const int width = std::min(L::kInfoCaption.width(), static_cast<int>(std::ceil(text)));
   const int y = L::kInfoCaption.bottom() - 1;
-  p.fillRect(QRect(L::kInfoCaption.left(), y, 92, 1), Mix(t.body, t.outline, 0.55));
-  p.fillRect(QRect(L::kInfoCaption.left(), y + 1, 92, 1), Mix(t.body, t.rimLight, 0.6));
+  p.fillRect(QRect(L::kInfoCaption.left(), y, width, 1), Mix(t.body, t.outline, 0.55));
+  p.fillRect(QRect(L::kInfoCaption.left(), y + 1, width, 1), Mix(t.body, t.rimLight, 0.6));
 }
 
 QImage MiniPanel(const Theme& t) {
@@ -151,10 +181,31 @@ QImage Logo(const Theme& t) {
   return logo;
 }
 
+// The speaker, drawn pixel by pixel ('#' ink, '+' half ink): at 11 px an
+// outlined cone and arcs only blur. It stands right of the seek bar's last
+// column: its first two columns stay body, so the two never touch.
 QImage SpeakerPicture(const Theme& t) {
+  static const char* const kRows[] = {
+      ".............",  //
+      "......#...#..",  //
+      ".....##...+#.",  //
+      "....###.#..#.",  //
+      "..#####.+#.#.",  //
+      "..#####..#.#.",  //
+      "..#####.+#.#.",  //
+      "....###.#..#.",  //
+      ".....##...+#.",  //
+      "......#...#..",  //
+      ".............",  //
+  };
   QImage speaker = Canvas(L::kSpeakerSize, t.body);
-  Pen p(&speaker);
-  FillGlyph(p, glyph::Speaker(QRectF(0.5, 1, 12, 9)), t.glyph, Qt::transparent);
+  const QColor half = Mix(t.body, t.glyph, 0.5);
+  for (int y = 0; y < L::kSpeakerSize.height(); ++y) {
+    for (int x = 0; x < L::kSpeakerSize.width(); ++x) {
+      const char c = kRows[y][x];
+      if (c != '.') speaker.setPixelColor(x, y, c == '#' ? t.glyph : half);
+    }
+  }
   return speaker;
 }
 

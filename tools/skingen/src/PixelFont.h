@@ -1,7 +1,7 @@
 #pragma once
-// A 3 by 5 pixel font for the tiny legends printed on the skins (the
-// equalizer's bands, the logo's small line): at that size an outline font
-// only blurs.
+// Pixel fonts for the tiny legends printed on the skins: a 3 by 5 one for
+// the equalizer's bands and the logo's small line, and 7 px high capitals
+// for the small buttons. At those sizes an outline font only blurs.
 
 #include <QColor>
 #include <QPainter>
@@ -9,18 +9,23 @@
 
 namespace skingen {
 
-constexpr int kPixelGlyphHeight = 5;
+enum class PixelFace {
+  Small,     // 3 by 5, digits, capitals, "+" and "-"
+  Capitals,  // 7 high, mostly 3 wide, the capitals the small buttons use
+};
+
+int PixelFaceHeight(PixelFace face);
 
 // Width in pixels of `text`, with `spacing` empty columns between glyphs.
-int PixelTextWidth(const QString& text, int spacing = 1);
+int PixelTextWidth(const QString& text, int spacing = 1, PixelFace face = PixelFace::Small);
 
-// Draws `text` with its top-left corner at (x, y). Characters the font lacks
-// draw as blanks.
+// Draws `text` with its top-left corner at (x, y). Characters the face lacks
+// draw as blanks of its usual width.
 void DrawPixelText(QPainter& p, int x, int y, const QString& text, const QColor& colour,
-                   int spacing = 1);
+                   int spacing = 1, PixelFace face = PixelFace::Small);
 
 // Draws `text` centred on column `centreX` (rounded left).
 void DrawPixelTextCentred(QPainter& p, double centreX, int y, const QString& text,
-                          const QColor& colour, int spacing = 1);
+                          const QColor& colour, int spacing = 1, PixelFace face = PixelFace::Small);
 
 }  // namespace skingen

@@ -179,24 +179,26 @@ void MainPanel(Composer& c, const SkinFolder& skin, const Scene& s) {
   c.p.save();
   c.p.setClipRect(panel);
   const QFont font = LabelFont(11);
+  const QFont bold = LabelFont(11, true);
+  const QFont small = LabelFont(9);
   c.Text(L::kClock.translated(o), s.idle ? QStringLiteral("00:00") : QStringLiteral("02:17"), 2,
          LabelFont(16, true));
-  c.Text(L::kTotalTime.translated(o), QStringLiteral("04:51"), 2, LabelFont(10));
+  c.Text(L::kTotalTime.translated(o), QStringLiteral("04:51"), 2, font);
   c.Text(L::kStatus.translated(o), s.idle ? QStringLiteral("Stopped") : QStringLiteral("Playing"),
-         2, font);
-  c.Text(L::kBitRate.translated(o), QStringLiteral("192 Kbps"), 2, font);
-  c.Text(L::kTitle.translated(o), QStringLiteral("Nightfall Avenue - Harbour Lights"), 2, font);
+         2, bold);
+  c.Text(L::kBitRate.translated(o), QStringLiteral("192 Kbps"), 2, small);
+  c.Text(L::kTitle.translated(o), QStringLiteral("Nightfall Avenue - Harbour Lights"), 2, bold);
   c.Text(L::kTagLine.translated(o), QStringLiteral("Harbour Lights (2004) Electronic"), 2, font);
   Visual(c, skin, L::kVisual.translated(o), s);
   c.Picture(s.hover ? "button5f.bmp" : "button5b.bmp", L::kButton5 + o);
   c.Picture("button4.bmp", L::kButton4 + o);
   c.Picture("button2.bmp", L::kButton2 + o);
   c.Picture("button3.bmp", L::kButton3 + o);
-  c.Text(L::kInfoCaption.translated(o), QStringLiteral("Multimedia info"), 3, font);
+  c.Text(L::kInfoCaption.translated(o), QStringLiteral("Multimedia info"), 3, bold);
   const char* facts[] = {"4812345 Bytes", "291 Sec", "MPEG 1 Layer III", "44100 Hz  Joint Stereo"};
   for (int i = 0; i < 4; ++i) {
     c.Text(QRect(L::kInfoCaption.left(), L::kFactsTop[i], 120, L::kFactHeight).translated(o),
-           QString::fromLatin1(facts[i]), 3, LabelFont(10));
+           QString::fromLatin1(facts[i]), 3, small);
   }
   const int bands[] = {36, 30, 38, 46, 52, 56, 50, 42, 34, 28};
   c.Slider(QRect(QPoint(L::kReverbX, L::kEqTop) + o, L::kEqSlider), true, 0.7);
@@ -214,13 +216,13 @@ void RightColumn(Composer& c, QSize size, const Scene& s) {
   c.PictureClipped("controls-background.bmp", column + L::kTransportInColumn,
                    QRect(column + L::kTransportInColumn, L::kTransportShown));
   if (!s.full) return;
-  const QFont font = LabelFont(11);
+  const QFont font = LabelFont(9);
   const QRect info(column + L::kInfoPlate, L::kLabelPlate);
   const QRect list(column + L::kPlaylistPlate, L::kLabelPlate);
   c.Picture(s.hover ? "button-focus.bmp" : "button.bmp", info.topLeft());
   c.Picture("button.bmp", list.topLeft());
-  c.Text(info.adjusted(0, 0, 0, -1), QStringLiteral("Info"), 4, font, Qt::AlignHCenter);
-  c.Text(list.adjusted(0, 0, 0, -1), QStringLiteral("Playlist"), 4, font, Qt::AlignHCenter);
+  c.Text(info, QStringLiteral("Info"), 4, font, Qt::AlignHCenter);
+  c.Text(list, QStringLiteral("Playlist"), 4, font, Qt::AlignHCenter);
   c.Picture("logo.bmp",
             QPoint(size.width() - L::kLogoFromRight, size.height() - L::kLogoFromBottom));
 }
@@ -231,7 +233,7 @@ void BottomRow(Composer& c, QSize size) {
   c.Picture("vol-pic.bmp", L::kSpeaker + QPoint(0, h));
   c.Slider(L::kVolumeBar.translated(0, h), false, 0.8);
   const int g = L::kGripFromCorner;
-  c.Text(QRect(size.width() - g, h - g, g, g), QStringLiteral("o"), 3, LabelFont(11));
+  c.Text(QRect(size.width() - g, h - g, g, g), QStringLiteral("o"), 3, LabelFont(9));
 }
 
 QImage Scaled(const QImage& image, int factor) {
@@ -255,11 +257,11 @@ QImage MiniWindow(const SkinFolder& skin, const Scene& s) {
   Composer c(skin, size);
   Frame(c, size, L::kSideTop, s.hover);
   c.Picture("main-mini.jpg", L::kMiniPanelOrigin);
-  const QFont font = LabelFont(11);
-  c.Text(L::kMiniClock, QStringLiteral("02:17"), 2, LabelFont(14, true));
-  c.Text(L::kMiniTotalTime, QStringLiteral("04:51"), 2, LabelFont(10));
-  c.Text(L::kMiniStatus, QStringLiteral("Playing"), 2, font);
-  c.Text(L::kMiniTitle, QStringLiteral("Nightfall Avenue - Harbour Lights"), 2, font);
+  const QFont bold = LabelFont(11, true);
+  c.Text(L::kMiniClock, QStringLiteral("02:17"), 2, LabelFont(16, true));
+  c.Text(L::kMiniTotalTime, QStringLiteral("04:51"), 2, LabelFont(11));
+  c.Text(L::kMiniStatus, QStringLiteral("Playing"), 2, bold);
+  c.Text(L::kMiniTitle, QStringLiteral("Nightfall Avenue - Harbour Lights"), 2, bold);
   if (!s.idle) {
     c.Fill(L::kMiniVisual, skin.Background());
     c.Drawing(

@@ -22,13 +22,15 @@ struct Key {
   bool accent;  // the one key in the accent colour
 };
 
-// Play is the big accent disc in the middle; pause above it, stop below,
-// previous and next at its sides, each inside its own picture.
+// Play is the big accent disc in the middle, pause above it and stop below
+// it, each 4 px away; previous and next are upright capsules at its sides,
+// their centres level with play's (y 30). Every key lies inside its own
+// picture, and no picture reaches into another key.
 const Key kKeys[] = {
-    {"pause", L::kPause, {19, 2, 28, 12}, 3.5, glyph::Pause, {30, 4, 6, 8}, false},
-    {"back", L::kBack, {1, 14, 14, 14}, 7, glyph::Previous, {4.5, 17.5, 6, 7}, false},
-    {"play", L::kPlay, {21, 16.5, 24, 24}, 12, glyph::Play, {30, 23.5, 8.5, 11}, true},
-    {"next", L::kNext, {51, 14, 14, 14}, 7, glyph::Next, {55.5, 17.5, 6, 7}, false},
+    {"pause", L::kPause, {19, 0, 28, 12}, 3.5, glyph::Pause, {30, 3, 6, 6}, false},
+    {"back", L::kBack, {1, 17, 14, 26}, 7, glyph::Previous, {4, 25, 8, 10}, false},
+    {"play", L::kPlay, {19, 16, 28, 28}, 14, glyph::Play, {29, 24, 10.5, 12}, true},
+    {"next", L::kNext, {51, 17, 14, 26}, 7, glyph::Next, {54, 25, 8, 10}, false},
     {"stop", L::kStop, {19, 48, 28, 12}, 3.5, glyph::Stop, {30, 51, 6, 6}, false},
 };
 
@@ -60,10 +62,10 @@ void DrawKey(QPainter& p, const Theme& t, const Key& k, State s) {
   FillGlyph(p, g, ink, shadow);
 }
 
-// Drawn a little larger than the plate, so that the pictures of next and
-// stop, which reach past its edge, come out whole.
+// The whole plate with `lit` in look `s` and the other keys at rest: every
+// picture is cut from one of these, so that they agree where they overlap.
 QImage Plate(const Theme& t, const Key* lit, State s) {
-  QImage plate = Canvas(L::kTransport + QSize(4, 4), t.body);
+  QImage plate = Canvas(L::kTransport, t.body);
   Pen p(&plate);
   for (const Key& k : kKeys) DrawKey(p, t, k, &k == lit ? s : State::Rest);
   return plate;
@@ -72,8 +74,7 @@ QImage Plate(const Theme& t, const Key* lit, State s) {
 }  // namespace
 
 void AddTransport(const Theme& t, SkinImages& images) {
-  images["controls-background.bmp"] =
-      Plate(t, nullptr, State::Rest).copy(QRect(QPoint(0, 0), L::kTransport));
+  images["controls-background.bmp"] = Plate(t, nullptr, State::Rest);
   for (const Key& k : kKeys) {
     const QString stem = QString::fromLatin1(k.stem);
     images[stem + "-hover.bmp"] = Plate(t, &k, State::Hover).copy(k.picture);

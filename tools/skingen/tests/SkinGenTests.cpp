@@ -17,6 +17,7 @@
 #include "Generator.h"
 #include "Layout.h"
 #include "Manifest.h"
+#include "Paint.h"
 #include "Preview.h"
 #include "SkinFolder.h"
 #include "SkinWriter.h"
@@ -26,6 +27,25 @@ namespace skingen {
 namespace {
 
 namespace L = layout;
+
+// Sum of the channel differences; JPEG leaves a few units of noise.
+int Distance(const QColor& a, const QColor& b) {
+  return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
+         std::abs(a.blue() - b.blue());
+}
+
+// The box around the pixels where `lit`, put at `at` on `plate`, differs
+// from it: the part of the key a hover or pressed picture changes.
+QRect Changed(const QImage& plate, const QImage& lit, QPoint at) {
+  QRect box;
+  for (int y = 0; y < lit.height(); ++y) {
+    for (int x = 0; x < lit.width(); ++x) {
+      if (lit.pixel(x, y) != plate.pixel(at + QPoint(x, y)))
+        box |= QRect(at + QPoint(x, y), QSize(1, 1));
+    }
+  }
+  return box;
+}
 
 TEST(Contrast, MatchesTheWcagReferenceValues) {
   EXPECT_NEAR(ContrastRatio(Qt::white, Qt::black), 21.0, 1e-9);
@@ -191,11 +211,9 @@ TEST_F(Generated, SmallButtonsAndThumbsBlendIntoWhatLiesUnder) {
     const QImage button = Load(skin, "button2.bmp");
     // Row 0 of a small button is the panel under it; JPEG leaves a little noise.
     for (int x = 0; x < button.width(); ++x) {
-      const QColor a = button.pixelColor(x, 0);
-      const QColor b = panel.pixelColor(L::kButton2.x() + x, L::kButton2.y());
-      EXPECT_LE(std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
-                    std::abs(a.blue() - b.blue()),
-                9)
+      EXPECT_LE(
+          Distance(button.pixelColor(x, 0), panel.pixelColor(L::kButton2.x() + x, L::kButton2.y())),
+          9)
           << x;
     }
     // A thumb's first row is the track's first row.
@@ -203,6 +221,76 @@ TEST_F(Generated, SmallButtonsAndThumbsBlendIntoWhatLiesUnder) {
               Load(skin, "h-scrollbar-background.bmp").pixel(0, 0));
     EXPECT_EQ(Load(skin, "v-scrollbar-thumb.bmp").pixel(0, 0),
               Load(skin, "v-scrollbar-background.bmp").pixel(0, 0));
+  }
+}
+
+TEST_F(Generated, TransportKeysStandEvenlyAroundPlay) {
+  for (const QString skin : {"Default", "Aluminium"}) {
+    SCOPED_TRACE(skin.toStdString());
+    const QImage plate = Load(skin, "controls-background.bmp");
+    const auto key = [&](const char* stem, const QRect& where) {
+      const QRect lit = Changed(plate, Load(skin, QString(stem) + "-hover.bmp"), where.topLeft());
+      EXPECT_TRUE(QRect(QPoint(0, 0), L::kTransportShown).contains(lit))
+          << stem << " lights up outside the part of the plate the player shows";
+      return lit;
+    };
+    const QRect pause = key("pause", L::kPause), back = key("back", L::kBack),
+                play = key("play", L::kPlay), next = key("next", L::kNext),
+                stop = key("stop", L::kStop);
+    const auto middle = [](const QRect& r) { return r.top() + r.height() / 2.0; };
+    EXPECT_NEAR(middle(back), middle(play), 0.5);
+    EXPECT_NEAR(middle(next), middle(play), 0.5);
+    EXPECT_LE(std::abs((play.top() - pause.bottom()) - (stop.top() - play.bottom())), 1);
+    EXPECT_EQ(play.left() - back.right(), next.left() - play.right()) << "previous and next mirror";
+    // The pressed look is darker: its key's face averages lower than the hover's.
+    const QImage pressed = Load(skin, "back-mousedown.bmp");
+    const QImage hover = Load(skin, "back-hover.bmp");
+    EXPECT_LT(RelativeLuminance(AverageColour(pressed, pressed.rect())),
+              RelativeLuminance(AverageColour(hover, hover.rect())));
+  }
+}
+
+// Where two pieces stand side by side, the art keeps a strip of the
+// window's body between them.
+TEST_F(Generated, NeighbouringPiecesKeepAGapOfBody) {
+  for (const QString skin : {"Default", "Aluminium"}) {
+    SCOPED_TRACE(skin.toStdString());
+    const QColor body = SkinFolder(Skin(skin)).Background();
+    const QImage plate = Load(skin, "button.bmp");
+    const QImage speaker = Load(skin, "vol-pic.bmp");
+    for (int x = 0; x < plate.width(); ++x) {
+      EXPECT_EQ(plate.pixelColor(x, 0), body) << "the Info plate's top row, " << x;
+      EXPECT_EQ(plate.pixelColor(x, plate.height() - 1), body) << "its bottom row, " << x;
+    }
+    for (int y = 0; y < speaker.height(); ++y) {
+      for (int x = 0; x < 2; ++x) EXPECT_EQ(speaker.pixelColor(x, y), body) << x << "," << y;
+    }
+    // Below the display, above the equalizer's tray.
+    const QImage panel = Load(skin, "main.jpg");
+    for (int x = L::kReverbX; x < L::kPanel.width() - 4; x += 2) {
+      EXPECT_LE(Distance(panel.pixelColor(x, L::kVisual.bottom() + 3), body), 9) << x;
+    }
+  }
+}
+
+// The player puts a flat picture of entry 0 on the display: the display
+// around it is entry 0 too, so no seam shows at its top.
+TEST_F(Generated, TheDisplayIsFlatWhereTheVisualisationStands) {
+  for (const QString skin : {"Default", "Aluminium"}) {
+    SCOPED_TRACE(skin.toStdString());
+    const QColor zero = SkinFolder(Skin(skin)).Palette(0);
+    const QImage panel = Load(skin, "main.jpg");
+    const QImage idle = Load(skin, "yarvoplayer.bmp");
+    const QRect v = L::kVisual;
+    for (int x = v.left(); x <= v.right(); x += 4) {
+      EXPECT_LE(Distance(panel.pixelColor(x, v.top() - 1), zero), 9) << "above, " << x;
+      EXPECT_LE(Distance(panel.pixelColor(x, v.top()), zero), 9) << "on the top row, " << x;
+    }
+    for (int y = v.top(); y < v.bottom(); y += 4) {
+      EXPECT_LE(Distance(panel.pixelColor(v.right() + 2, y), zero), 9) << "right of it, " << y;
+    }
+    for (const QPoint corner : {QPoint(0, 0), QPoint(idle.width() - 1, idle.height() - 1)})
+      EXPECT_EQ(idle.pixelColor(corner), zero) << "the idle picture's ground";
   }
 }
 
