@@ -1,0 +1,29 @@
+#pragma once
+// The player's state as the desktop sees it, from the form models: which
+// engine has the song, whether it plays, and what a start would play.
+// Interface thread only.
+
+#include <string>
+
+namespace yarvo {
+
+class frmBass;
+
+// The audio engine's form if it is loaded. Reading never makes one: the
+// form's making starts the audio library.
+const frmBass* LoadedEngine();
+
+// Whether the audio engine has the player's song; else the media service
+// has it, or nobody.
+bool AudioEngineOwnsTheSong(const frmBass* engine);
+
+// "Playing", "Paused" or "Stopped": the audio engine's state word while it
+// has the song, else the media service's mode.
+std::string PlaybackStatus(const frmBass* engine);
+
+// The file the director's Play starts from the stopped player: the row
+// under the playlist's cursor, or the file opened outside the playlist; ""
+// for none.
+std::string ChosenFile();
+
+}  // namespace yarvo
