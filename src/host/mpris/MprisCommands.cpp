@@ -55,7 +55,7 @@ void MprisCommands::Play() {
   const std::string status = PlaybackStatus(LoadedEngine());
   if (status == "Playing") return;
   ClsMain director;
-  if (status == "Paused" || !ChosenFile().empty()) {
+  if (status == "Paused" || !program().Main().LbFileName(0).Caption.get().empty()) {
     director.Play();
   } else {
     director.PlayNext();

@@ -9,9 +9,10 @@
 // - Play does nothing while a song plays (the director's Play would start it
 //   again), and Pause nothing unless one plays (the media service's pause
 //   would resume a paused file).
-// - Play with nothing chosen, where the window's Play button opens the file
-//   dialog, starts the playlist as "next" does: a lock screen cannot answer
-//   a dialog.
+// - Play before any song was started starts the playlist as "next" does:
+//   the window's Play button opens the file dialog then, which a lock screen
+//   cannot answer, and the director's Play would take whatever row the
+//   playlist's cursor was left on by its loading.
 // - Next and previous play, whatever the state, as the player's own do.
 
 #include <cstdint>

@@ -32,7 +32,7 @@ struct MprisFacts {
   MprisTrack track;
   double volume = 0;      // 0 to 1
   bool shuffle = false;   // the random order mode
-  bool canPlay = false;   // something to start or resume
+  bool canPlay = false;   // a song to resume or start again, or rows to start
   bool canPause = false;  // a song is loaded, playing or paused
   bool canSeek = false;   // ... and its length is known
   bool canGoNext = false;

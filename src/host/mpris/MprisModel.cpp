@@ -74,7 +74,7 @@ MprisFacts MprisModel::Read() {
   facts.volume = p.Main().Volum.value / 100.0;
   facts.shuffle = p.Options().Option2.Value;
   const int rows = p.Playlist().PicList.ListCount();
-  facts.canPlay = loaded || !ChosenFile().empty() || rows > 0;
+  facts.canPlay = loaded || !facts.track.path.empty() || rows > 0;
   facts.canPause = loaded;
   facts.canSeek = loaded && facts.track.length > 0;
   facts.canGoNext = rows > 0 || p.DataForm().ListaProgramate.ListCount() > 0;

@@ -1,6 +1,5 @@
 #include "host/mpris/PlayerState.h"
 
-#include "core/DataForm.h"
 #include "director/Program.h"
 #include "engines/frmBass.h"
 #include "windows/Main.h"
@@ -23,20 +22,14 @@ std::string PlaybackStatus(const frmBass* engine) {
   if (AudioEngineOwnsTheSong(engine)) {
     // A file the library could not open has no channel: it ends at the
     // engine's next tick, and nothing plays meanwhile.
-    const std::string& word = main.StarePlayer.Caption;
     if (engine->Chan.get() == "0") return "Stopped";
+    const std::string& word = main.StarePlayer.Caption;
     return word == "Playing" ? "Playing" : word == "Paused" ? "Paused" : "Stopped";
   }
   // The media service's words are in lower case; the audio engine's
   // "Playing" left in the label by a song before is no mode of it.
   const std::string& mode = main.LbStatus(0).Caption;
   return mode == "playing" ? "Playing" : mode == "paused" ? "Paused" : "Stopped";
-}
-
-std::string ChosenFile() {
-  auto& p = program();
-  return p.DataForm().FromPlaylist.get() == "False" ? p.Main().LbFileName(0).Caption.get()
-                                                    : p.DataForm().ListaCale.Text();
 }
 
 }  // namespace yarvo

@@ -1,6 +1,6 @@
 #pragma once
 // The player's state as the desktop sees it, from the form models: which
-// engine has the song, whether it plays, and what a start would play.
+// engine has the song, and whether it plays.
 // Interface thread only.
 
 #include <string>
@@ -20,10 +20,5 @@ bool AudioEngineOwnsTheSong(const frmBass* engine);
 // "Playing", "Paused" or "Stopped": the audio engine's state word while it
 // has the song, else the media service's mode.
 std::string PlaybackStatus(const frmBass* engine);
-
-// The file the director's Play starts from the stopped player: the row
-// under the playlist's cursor, or the file opened outside the playlist; ""
-// for none.
-std::string ChosenFile();
 
 }  // namespace yarvo
