@@ -118,16 +118,18 @@ TEST_F(MprisSession, PlayNextAndPreviousPlayTheRightSongsOfThePlaylist) {
   struct Song {
     const char* title;
     int hertz;
+    int seconds;
   };
-  const Song songs[] = {{"Low", 330}, {"Middle", 550}, {"High", 770}};
+  const Song songs[] = {{"Low", 330, 60}, {"Middle", 550, 60}, {"High", 770, 6}};
   std::string list;
-  for (const auto& [title, hertz] : songs) {
-    const fs::path file = session.Tone(std::string(title) + ".mp3", hertz, 60, title);
+  for (const auto& [title, hertz, seconds] : songs) {
+    const fs::path file = session.Tone(std::string(title) + ".mp3", hertz, seconds, title);
     ASSERT_FALSE(file.empty()) << "ffmpeg made no tone";
     list += file.string() + "\r\n";
   }
   WriteBytes(folder / "Data/plst.data", list);
   AtFullVolume(folder);
+  BusMonitor monitor(session.Bus(), session.Home() / "bus.txt");
   session.Record();
   auto player = session.StartPlayer(folder);
   ASSERT_TRUE(Reads("status", "Stopped"));
@@ -145,6 +147,11 @@ TEST_F(MprisSession, PlayNextAndPreviousPlayTheRightSongsOfThePlaylist) {
     ASSERT_TRUE(Reads("status", "Playing"));
     EXPECT_NEAR(session.PitchAfter(session.Now()), song.hertz, 2);
   }
+  // The short last song ends, and the list goes on from its first row.
+  ASSERT_TRUE(Reads("metadata xesam:title", "Low"));
+  EXPECT_NEAR(session.PitchAfter(session.Now()), 330, 2);
+  EXPECT_TRUE(monitor.Signals("Seeked").empty()) << "a new song is no seek, nor a song's end";
+
   session.Playerctl("stop");
   ASSERT_TRUE(Reads("status", "Stopped"));
   EXPECT_LT(session.LevelAfter(session.Now()), kHeard / 10);

@@ -103,9 +103,13 @@ double MprisModel::PositionSeconds() const {
     const auto channel = static_cast<DWORD>(CLng(engine->Chan.get()));
     const double seconds = p.bass().BASS_ChannelBytes2Seconds(
         channel, p.bass().BASS_ChannelGetPosition(channel, BASS_POS_BYTE));
+    if (seconds >= 0) return seconds;
     // The engine lets go of a song in its last seconds, a little before the
-    // next one starts: it is at its end then.
-    return seconds >= 0 ? seconds : static_cast<double>(track_.length) / kMicroseconds;
+    // next one starts: it stands where the engine's last tick saw it.
+    const double total = CDbl(engine->StreamLength.get());
+    return total > 0 ? static_cast<double>(track_.length) / kMicroseconds *
+                           CDbl(engine->Pozitie.get()) / total
+                     : 0;
   }
   const double framesPerSecond = CDbl(p.MediaLibrary().LbFramesPerSecond(0).Caption.get());
   const std::int32_t frames = MciPosition("movie");
