@@ -212,6 +212,13 @@ bool DesktopSession::CallRoot(const std::string& method) const {
              .rfind("method return", 0) == 0;
 }
 
+void DesktopSession::PressInPlayersWindow(const std::string& key) const {
+  const std::string xdotool = "DISPLAY=" + Quoted(x_.display()) + " xdotool ";
+  const std::string window =
+      Output(xdotool + "search --onlyvisible --name '^Yarvo Player' | head -n 1");
+  Output(xdotool + "mousemove --window " + window + " 10 10 key " + Quoted(key));
+}
+
 void DesktopSession::Record() {
   recorder_ = sound_.Record(home_ / "heard.raw");
   WaitUntil([this] { return Now() > 0; });

@@ -93,6 +93,9 @@ class DesktopSession {
   std::string Playerctl(const std::string& arguments) const;
   // Calls a method of the root interface with dbus-send; whether it was answered.
   bool CallRoot(const std::string& method) const;
+  // Presses `key` (an X key name) in the player's main window, as a user
+  // does with the pointer over it.
+  void PressInPlayersWindow(const std::string& key) const;
 
   // Starts recording the sink; the sample where it stands now.
   void Record();

@@ -159,6 +159,40 @@ TEST_F(MprisSession, PlayNextAndPreviousPlayTheRightSongsOfThePlaylist) {
   EXPECT_EQ(player->Wait(), 0);
 }
 
+// Inside the player's windows the media keys are keys like any other, for
+// the shortcut table to bind.
+TEST_F(MprisSession, MediaKeysInThePlayersWindowRunTheShortcutsBoundToThem) {
+  std::string list;
+  for (const auto& [title, hertz] : {std::pair{"Low", 330}, {"Middle", 550}}) {
+    const fs::path file = session.Tone(std::string(title) + ".mp3", hertz, 60, title);
+    ASSERT_FALSE(file.empty()) << "ffmpeg made no tone";
+    list += file.string() + "\r\n";
+  }
+  WriteBytes(folder / "Data/plst.data", list);
+  // Pause, stop, next and previous on play/pause, stop, next and previous.
+  WriteBytes(folder / "Data/keyboard.data",
+             "74\r\n13\r\n179\r\n178\r\n176\r\n177\r\n77\r\n81\r\n38\r\n40\r\n"
+             "J\r\nEnter\r\nP\r\nS\r\nN\r\nB\r\nM\r\nQ\r\nUp\r\nDown\r\n");
+  AtFullVolume(folder);
+  session.Record();
+  auto player = session.StartPlayer(folder);
+  ASSERT_TRUE(Reads("status", "Stopped"));
+  session.Playerctl("play");
+  ASSERT_TRUE(Reads("metadata xesam:title", "Low"));
+
+  session.PressInPlayersWindow("XF86AudioNext");
+  ASSERT_TRUE(Reads("metadata xesam:title", "Middle"));
+  EXPECT_NEAR(session.PitchAfter(session.Now()), 550, 2);
+  session.PressInPlayersWindow("XF86AudioPrev");
+  ASSERT_TRUE(Reads("metadata xesam:title", "Low"));
+  session.PressInPlayersWindow("XF86AudioPlay");
+  EXPECT_TRUE(Reads("status", "Paused"));
+  session.PressInPlayersWindow("XF86AudioStop");
+  EXPECT_TRUE(Reads("status", "Stopped"));
+  player->Close();
+  EXPECT_EQ(player->Wait(), 0);
+}
+
 TEST_F(MprisSession, WithoutABusThePlayerSaysSoOnceAndRunsOn) {
   const std::string errors = session.Home() / "errors.txt";
   std::vector<std::string> env{

@@ -22,10 +22,6 @@ namespace yarvo {
 
 namespace {
 
-constexpr double kMicroseconds = 1e6;
-
-std::int64_t Microseconds(double seconds) { return std::llround(seconds * kMicroseconds); }
-
 // The audio engine counts in bytes of its channel, as many to the second
 // all through the song.
 void SeekAudio(const frmBass& engine, double seconds) {
@@ -103,7 +99,7 @@ std::optional<std::int64_t> MprisCommands::SetPosition(const std::string& trackI
 
 std::int64_t MprisCommands::SeekTo(std::int64_t position) {
   const frmBass* engine = LoadedEngine();
-  const double seconds = static_cast<double>(position) / kMicroseconds;
+  const double seconds = Seconds(position);
   if (AudioEngineOwnsTheSong(engine)) {
     SeekAudio(*engine, seconds);
   } else {

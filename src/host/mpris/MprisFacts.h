@@ -4,10 +4,15 @@
 // are compared to tell the desktop what changed; the position is not among
 // them, as it changes all the time and is read when asked.
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 
 namespace yarvo {
+
+// The protocol counts time in microseconds; the engines in seconds.
+inline std::int64_t Microseconds(double seconds) { return std::llround(seconds * 1e6); }
+inline double Seconds(std::int64_t microseconds) { return static_cast<double>(microseconds) / 1e6; }
 
 // The song the player plays, or played last.
 struct MprisTrack {

@@ -1,11 +1,11 @@
 #include "host/mpris/MprisModel.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "core/Conversions.h"
 #include "core/DataForm.h"
+#include "director/ClsMain.h"
 #include "director/Program.h"
 #include "engines/BassApi.h"
 #include "engines/frmBass.h"
@@ -23,7 +23,6 @@ namespace yarvo {
 
 namespace {
 
-constexpr double kMicroseconds = 1e6;
 constexpr QWORD kNoBytes = ~QWORD{0};  // the audio library's failed length
 
 std::string Trimmed(const std::string& text) {
@@ -68,7 +67,7 @@ MprisFacts MprisModel::Read() {
   const bool loaded = facts.playbackStatus != "Stopped";
   facts.track = TrackOf(p.Main().LbFileName(0).Caption);
   if (loaded && facts.track.length == 0) {
-    track_.length = std::llround(LengthSeconds(engine) * kMicroseconds);
+    track_.length = Microseconds(LengthSeconds(engine));
     facts.track.length = track_.length;
   }
   facts.volume = p.Main().Volum.value / 100.0;
@@ -107,12 +106,10 @@ double MprisModel::PositionSeconds() const {
     // The engine lets go of a song in its last seconds, a little before the
     // next one starts: it stands where the engine's last tick saw it.
     const double total = CDbl(engine->StreamLength.get());
-    return total > 0 ? static_cast<double>(track_.length) / kMicroseconds *
-                           CDbl(engine->Pozitie.get()) / total
-                     : 0;
+    return total > 0 ? Seconds(track_.length) * CDbl(engine->Pozitie.get()) / total : 0;
   }
   const double framesPerSecond = CDbl(p.MediaLibrary().LbFramesPerSecond(0).Caption.get());
-  const std::int32_t frames = MciPosition("movie");
+  const std::int32_t frames = MciPosition(ClsMain().mciAlias);
   return frames >= 0 && framesPerSecond > 0 ? frames / framesPerSecond : 0;
 }
 

@@ -61,17 +61,18 @@ bool MprisService::Register() {
   new MprisRoot(this);
   player_ = new MprisPlayer(this);
   // The object first: a client that sees the name may call at once.
-  if (!bus.registerObject(kObjectPath, this, QDBusConnection::ExportAdaptors)) return false;
-  for (const QString& name :
-       {kBusName, kBusName + QStringLiteral(".instance") + QString::number(::getpid())}) {
-    if (bus.registerService(name)) {
-      busName_ = name;
-      return true;
+  if (bus.registerObject(kObjectPath, this, QDBusConnection::ExportAdaptors)) {
+    for (const QString& name :
+         {kBusName, kBusName + QStringLiteral(".instance") + QString::number(::getpid())}) {
+      if (bus.registerService(name)) {
+        busName_ = name;
+        return true;
+      }
     }
+    bus.unregisterObject(kObjectPath);
   }
-  std::cerr << "Yarvo Player: the session bus refused the player's name ("
+  std::cerr << "Yarvo Player: the session bus refused the player ("
             << bus.lastError().message().toStdString() << ")\n";
-  bus.unregisterObject(kObjectPath);
   return false;
 }
 
@@ -84,7 +85,7 @@ MprisFacts MprisService::Facts() {
 std::int64_t MprisService::Position() {
   double seconds = 0;
   QtEvents::Dispatch([&] { seconds = model_.PositionSeconds(); });
-  return std::llround(seconds * 1e6);
+  return Microseconds(seconds);
 }
 
 void MprisService::Later(std::function<void(MprisCommands&)> command) {
@@ -159,13 +160,12 @@ void MprisService::WatchSeeks(const MprisFacts& now, const std::string& clock) {
   if (newSong) {
     seeks_.Restart(position, SteadySeconds(), running);
   } else if (seeks_.Jumped(position, SteadySeconds(), running)) {
-    emit player_->Seeked(std::llround(position * 1e6));
+    emit player_->Seeked(Microseconds(position));
   }
 }
 
 void MprisService::TellSeek(std::int64_t position) {
-  seeks_.Restart(static_cast<double>(position) / 1e6, SteadySeconds(),
-                 model_.Read().playbackStatus == "Playing");
+  seeks_.Restart(Seconds(position), SteadySeconds(), model_.Read().playbackStatus == "Playing");
   emit player_->Seeked(position);
 }
 

@@ -41,9 +41,6 @@ class MprisService final : public QObject {
   MprisService(const MprisService&) = delete;
   MprisService& operator=(const MprisService&) = delete;
 
-  // The name it holds on the bus; "" when it is not on one.
-  const QString& BusName() const { return busName_; }
-
   // What the adaptors read and ask.
   MprisFacts Facts();
   std::int64_t Position();  // microseconds
@@ -71,7 +68,7 @@ class MprisService final : public QObject {
   MprisCommands commands_{model_};
   SeekWatch seeks_;
   MprisPlayer* player_ = nullptr;  // owned as a child
-  QString busName_;
+  QString busName_;                // "" when the player is not on the bus
   MprisFacts told_;
   // The time text the windows show: it moves once a second while a song
   // plays, and a seek moves it too.
