@@ -152,6 +152,13 @@ TEST_F(MprisSession, PlayNextAndPreviousPlayTheRightSongsOfThePlaylist) {
   EXPECT_NEAR(session.PitchAfter(session.Now()), 330, 2);
   EXPECT_TRUE(monitor.Signals("Seeked").empty()) << "a new song is no seek, nor a song's end";
 
+  // A file the desktop opens plays as a file from outside the playlist.
+  const fs::path opened = session.Tone("opened file.mp3", 440, 60, "Opened");
+  session.Playerctl("open " +
+                    Quoted("file://" + opened.parent_path().string() + "/opened%20file.mp3"));
+  ASSERT_TRUE(Reads("metadata xesam:title", "Opened"));
+  EXPECT_NEAR(session.PitchAfter(session.Now()), 440, 2);
+
   session.Playerctl("stop");
   ASSERT_TRUE(Reads("status", "Stopped"));
   EXPECT_LT(session.LevelAfter(session.Now()), kHeard / 10);
