@@ -4,13 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <string>
-#include <thread>
+#include <utility>
+#include <vector>
 
 #include "DesktopSession.h"
 #include "core/form/StringList.h"

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <tuple>
 
 #include "director/DirectorFixture.h"
 #include "host/mpris/MprisCommands.h"
