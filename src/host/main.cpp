@@ -1,6 +1,7 @@
 // Yarvo Player: starts the program with its Qt windows.
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdlib>
 #include <filesystem>
@@ -15,6 +16,7 @@
 #include "engines/media/MCore.h"
 #include "host/HostDesktop.h"
 #include "host/WindowHosts.h"
+#include "host/mpris/MprisService.h"
 #include "platform/Files.h"
 #include "platform/PosixProcess.h"
 #include "platform/ProfileIni.h"
@@ -62,6 +64,17 @@ void RemoveLeftoverSavesOf(const std::string& programFolder) {
   yarvo::RemoveLeftoverSaves(yarvo::systemIniPath().parent_path());
 }
 
+// The desktop names the windows after the player's desktop entry, and shows
+// the player's icon, as drawn for every size it ships in.
+void IntroduceToTheDesktop(const std::string& programFolder) {
+  QGuiApplication::setDesktopFileName(QStringLiteral(YARVO_APP_ID));
+  QIcon icon;
+  for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
+    icon.addFile(QString::fromStdString(programFolder + "/Icons/yarvo-player-" +
+                                        std::to_string(size) + ".png"));
+  QApplication::setWindowIcon(icon);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -76,6 +89,7 @@ int main(int argc, char** argv) {
 
   yarvo::PosixProcess process(std::move(arguments));
   RemoveLeftoverSavesOf(process.ProgramFolder());
+  IntroduceToTheDesktop(process.ProgramFolder());
   yarvo::QtTimerScheduler scheduler;
   yarvo::WindowHosts* windows = nullptr;
   yarvo::HostDesktop desktop(
@@ -95,5 +109,6 @@ int main(int argc, char** argv) {
   // not run after that.
   if (yarvo::QtEvents::Ending()) return yarvo::QtEvents::ExitCode();
   hosts.Sync();
+  const yarvo::MprisService mpris(program, hosts);
   return QApplication::exec();
 }

@@ -1,6 +1,7 @@
 #pragma once
-// The process facts of a running program on Linux: its command line, the
-// folder of its executable, and the instance lock it holds for its lifetime.
+// The process facts of a running program on Linux: its command line, its
+// program folder (platform/ProgramFolder.h), and the instance lock it holds
+// for its lifetime.
 
 #include <string>
 #include <vector>
@@ -12,7 +13,8 @@ namespace yarvo {
 
 class PosixProcess final : public ProcessControl {
  public:
-  // `arguments` are those behind the program name.
+  // `arguments` are those behind the program name. Chooses the program
+  // folder, making and filling the user's one when it is chosen.
   explicit PosixProcess(std::vector<std::string> arguments);
 
   std::string CommandLine() const override { return commandLine_; }

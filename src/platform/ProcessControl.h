@@ -11,7 +11,7 @@ class ProcessControl {
   // The whole text behind the program name: the arguments joined by single
   // blanks; one path, with no options and no quotes removed.
   virtual std::string CommandLine() const = 0;
-  // The folder that holds the executable, without a trailing "/".
+  // The program folder (platform/ProgramFolder.h), without a trailing "/".
   virtual std::string ProgramFolder() const = 0;
   // Whether another instance of the program was running when this one started.
   virtual bool AnotherInstanceRunning() const = 0;

@@ -29,7 +29,13 @@ TEST(VirtualKeys, MapToTheStoredCode) {
         // Without NumLock the keypad sends the navigation keys.
         {"keypad 4 without NumLock", Qt::Key_Left, true, 37},
         {"keypad 5 without NumLock", Qt::Key_Clear, true, 12},
-        {"play/pause", Qt::Key_MediaTogglePlayPause, false, 179},
+        // The media keys: the shortcut table binds them by these codes.
+        {"play/pause", Qt::Key_MediaTogglePlayPause, false, 0xB3},
+        {"play", Qt::Key_MediaPlay, false, 0xB3},
+        {"pause", Qt::Key_MediaPause, false, 0xB3},
+        {"stop", Qt::Key_MediaStop, false, 0xB2},
+        {"next", Qt::Key_MediaNext, false, 0xB0},
+        {"previous", Qt::Key_MediaPrevious, false, 0xB1},
         {"launch key", Qt::Key_Launch0, false, 0},
         {"unknown on the keypad", Qt::Key_unknown, true, 0}}) {
     EXPECT_EQ(VirtualKeyCode(qtKey, keypad), code) << name;
