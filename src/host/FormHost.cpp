@@ -8,7 +8,6 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QUrl>
 
 #include <algorithm>
 #include <cmath>
@@ -23,6 +22,7 @@
 #include "host/PicturePainter.h"
 #include "host/SystemColours.h"
 #include "host/VirtualKey.h"
+#include "platform/FileUri.h"
 #include "platform/qt/QtEvents.h"
 
 namespace yarvo {
@@ -61,17 +61,14 @@ MouseEvent ToMouseEvent(const QPoint& at, MouseButton button, Qt::KeyboardModifi
   return out;
 }
 
-// The dragged data as local paths (UTF-8) in the file manager's order, or
-// nothing when it holds anything but local files.
+// The dragged data as local paths in the file manager's order, or nothing
+// when it holds anything but local files. The list's own bytes are read, not
+// QUrl's reading of them, so that a name that is not UTF-8 survives.
 std::optional<std::vector<std::string>> LocalFiles(const QMimeData* data) {
-  if (!data || !data->hasUrls()) return std::nullopt;
-  std::vector<std::string> paths;
-  for (const QUrl& url : data->urls()) {
-    if (!url.isLocalFile()) return std::nullopt;
-    paths.push_back(url.toLocalFile().toStdString());
-  }
-  if (paths.empty()) return std::nullopt;
-  return paths;
+  if (!data || !data->hasFormat("text/uri-list")) return std::nullopt;
+  const QByteArray list = data->data("text/uri-list");
+  return LocalPathsOfUriList(
+      std::string_view(list.constData(), static_cast<std::size_t>(list.size())));
 }
 
 // A rounded rectangle as a one-bit region, row by row, the same at all four

@@ -1,9 +1,9 @@
 #include "host/mpris/MprisPlayer.h"
 
 #include <QStringList>
-#include <QUrl>
 
 #include "host/mpris/MprisService.h"
+#include "platform/FileUri.h"
 
 namespace yarvo {
 
@@ -16,8 +16,7 @@ QVariantMap MetadataOf(const MprisTrack& track) {
   QVariantMap metadata{
       {QStringLiteral("mpris:trackid"), QVariant::fromValue(QDBusObjectPath(Text(track.id)))},
       {QStringLiteral("xesam:title"), Text(track.title)},
-      {QStringLiteral("xesam:url"),
-       QUrl::fromLocalFile(Text(track.path)).toString(QUrl::FullyEncoded)},
+      {QStringLiteral("xesam:url"), Text(UriOfLocalPath(track.path))},
   };
   if (!track.artist.empty())
     metadata[QStringLiteral("xesam:artist")] = QStringList{Text(track.artist)};
@@ -112,11 +111,9 @@ void MprisPlayer::SetPosition(const QDBusObjectPath& TrackId, qlonglong Position
 
 // Only local files: the player plays no stream by address.
 void MprisPlayer::OpenUri(const QString& Uri) {
-  const QUrl url(Uri);
-  if (!url.isLocalFile()) return;
-  service_.Later([path = url.toLocalFile().toStdString()](MprisCommands& commands) {
-    commands.OpenFile(path);
-  });
+  auto path = LocalPathOfUri(Uri.toStdString());
+  if (!path) return;
+  service_.Later([path = std::move(*path)](MprisCommands& commands) { commands.OpenFile(path); });
 }
 
 }  // namespace yarvo
