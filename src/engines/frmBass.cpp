@@ -155,7 +155,8 @@ void frmBass::MoveScollEq(int b) {
   ResumeNext([&] {
     auto& slider = program().Main().sldEQR(b);
     const bool on = program().Options().Option12.Value;
-    const int shown = b < 10 ? (on ? 50 - slider.value : 0) : (on ? 100 - slider.value : 50);
+    const long shown = b < 10 ? (on ? 50 - std::lround(slider.value) : 0)
+                             : (on ? 100 - std::lround(slider.value) : 50);
     slider.ToolTipText = std::to_string(shown);
   });
   UpdateFX(b);

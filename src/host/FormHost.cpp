@@ -254,6 +254,7 @@ void FormHost::mousePressEvent(QMouseEvent* event) {
   Control* control = ControlAt(at);
   const MouseEvent e = ToMouseEvent(at, ToButton(event->button()), event->modifiers(), control);
   pressed_ = control;
+  pressedAt_ = event->globalPosition().toPoint();
   QtEvents::Dispatch([&] {
     if (!control) {
       if (form_.MouseDown) form_.MouseDown(e);
@@ -390,7 +391,9 @@ bool FormHost::event(QEvent* event) {
 
 void FormHost::DragWindow(int hitCode) {
   if (hitCode != kHitCaption && hitCode != kHitBottomRight) return;
-  const QPoint start = QCursor::pos();
+  // Measured from the press, not from now: the pointer may have moved on
+  // before the drag was asked for.
+  const QPoint start = pressedAt_;
   const QRect from = geometry();
   if (form_.EnterSizeMove) form_.EnterSizeMove();
   QEventLoop loop;
@@ -401,6 +404,7 @@ void FormHost::DragWindow(int hitCode) {
    public:
     Follow(QEventLoop& loop, std::function<void(QPoint)> step)
         : loop_(loop), step_(std::move(step)) {}
+    void Step(QPoint pointer) const { step_(pointer); }
     bool eventFilter(QObject*, QEvent* event) override {
       if (event->type() == QEvent::MouseMove) {
         step_(QCursor::pos());
@@ -422,6 +426,7 @@ void FormHost::DragWindow(int hitCode) {
                                              : from.adjusted(0, 0, delta.x(), delta.y()));
   });
   installEventFilter(&follow);
+  if (QCursor::pos() != start) follow.Step(QCursor::pos());
   loop.exec();
   removeEventFilter(&follow);
   releaseMouse();

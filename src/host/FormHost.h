@@ -80,6 +80,7 @@ class FormHost final : public QWidget {
   Form& form_;
   bool syncing_ = false;
   Control* pressed_ = nullptr;  // the control a held button went down on
+  QPoint pressedAt_;            // where on the screen it went down
   static inline FormHost* underPointer_ = nullptr;
   Control* hovered_ = nullptr;  // the control the pointer is over
 };
