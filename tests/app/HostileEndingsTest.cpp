@@ -26,15 +26,6 @@ using namespace test;
 
 constexpr auto kQuickly = std::chrono::seconds(20);
 
-bool WaitUntil(const std::function<bool()>& condition) {
-  const auto deadline = std::chrono::steady_clock::now() + kPatience;
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > deadline) return false;
-    std::this_thread::sleep_for(50ms);
-  }
-  return true;
-}
-
 long SavedLines(const ProgramFolder& folder) {
   return std::ranges::count(ReadBytes(folder / "settings.ini"), '\n');
 }

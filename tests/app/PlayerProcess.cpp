@@ -16,6 +16,15 @@ namespace yarvo::test {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
+bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
+  const auto deadline = std::chrono::steady_clock::now() + patience;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    std::this_thread::sleep_for(50ms);
+  }
+  return true;
+}
+
 pid_t Spawn(std::vector<std::string> args, std::vector<std::string> env,
             const std::string& errorLog) {
   if (env.empty()) {
@@ -49,7 +58,8 @@ ProgramFolder::ProgramFolder() {
 }
 
 Player::Player(const ProgramFolder& folder, const TempDir& home, std::vector<std::string> arguments,
-               const std::string& display, const std::string& errorLog) {
+               const std::string& display, const std::string& errorLog,
+               const std::string& pulseServer) {
   std::vector<std::string> env;
   for (char** e = environ; *e; ++e) {
     const std::string entry = *e;
@@ -59,7 +69,9 @@ Player::Player(const ProgramFolder& folder, const TempDir& home, std::vector<std
   }
   env.push_back("XDG_RUNTIME_DIR=" + home.path().string());
   env.push_back("XDG_CONFIG_HOME=" + (home.path() / "config").string());
-  env.push_back("PULSE_SERVER=unix:" + (home.path() / "no-sound-server").string());
+  env.push_back("PULSE_SERVER=" + (pulseServer.empty()
+                                       ? "unix:" + (home.path() / "no-sound-server").string()
+                                       : pulseServer));
   if (!display.empty()) env.push_back("DISPLAY=" + display);
   std::vector<std::string> args{folder.Exe()};
   args.insert(args.end(), arguments.begin(), arguments.end());

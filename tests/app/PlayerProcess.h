@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,10 @@
 namespace yarvo::test {
 
 inline constexpr auto kPatience = std::chrono::seconds(60);
+
+// Polls `condition` until it holds; false after `patience`.
+bool WaitUntil(const std::function<bool()>& condition,
+               std::chrono::milliseconds patience = kPatience);
 
 // Starts `args`, the program looked up on PATH unless given as a path,
 // with `env` (this process's environment when empty) and its standard error
@@ -35,12 +40,14 @@ class ProgramFolder {
 };
 
 // One run of the player; without `display` it runs on the offscreen
-// platform. Its standard error goes to `errorLog` when given. Killed if
-// still running when the object goes.
+// platform. Its standard error goes to `errorLog` when given. It plays to
+// the sound server `pulseServer` (a PULSE_SERVER value), or to none. Killed
+// if still running when the object goes.
 class Player {
  public:
   Player(const ProgramFolder& folder, const TempDir& home, std::vector<std::string> arguments = {},
-         const std::string& display = {}, const std::string& errorLog = {});
+         const std::string& display = {}, const std::string& errorLog = {},
+         const std::string& pulseServer = {});
   ~Player();
   Player(const Player&) = delete;
   Player& operator=(const Player&) = delete;

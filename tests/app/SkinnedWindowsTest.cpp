@@ -26,15 +26,6 @@ using namespace test;
 // The main window stands at (100, 100), 406 by 235 pixels in its full layout.
 constexpr int kLeft = 100, kTop = 100, kWidth = 406, kHeight = 235;
 
-bool WaitUntil(const std::function<bool()>& condition) {
-  const auto deadline = std::chrono::steady_clock::now() + kPatience;
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > deadline) return false;
-    std::this_thread::sleep_for(50ms);
-  }
-  return true;
-}
-
 class SkinnedWindows : public ::testing::Test {
  protected:
   void SetUp() override {

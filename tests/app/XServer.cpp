@@ -79,31 +79,55 @@ bool XServer::DialogShown() const {
   return shown;
 }
 
+namespace {
+
+std::string NameOf(Display* display, ::Window window) {
+  char* name = nullptr;
+  if (!XFetchName(display, window, &name) || !name) return {};
+  std::string text = name;
+  XFree(name);
+  return text;
+}
+
+// The named window inside a window manager's frame, or the frame itself.
+::Window ClientOf(Display* display, ::Window frame) {
+  if (!NameOf(display, frame).empty()) return frame;
+  ::Window root = 0, parent = 0, *children = nullptr;
+  unsigned int count = 0;
+  ::Window client = frame;
+  if (XQueryTree(display, frame, &root, &parent, &children, &count)) {
+    for (unsigned int i = 0; i < count && client == frame; ++i)
+      if (!NameOf(display, children[i]).empty()) client = children[i];
+    if (children) XFree(children);
+  }
+  return client;
+}
+
+}  // namespace
+
 std::vector<XServer::Window> XServer::Windows() const {
   std::vector<Window> windows;
   const std::unique_ptr<Display, CloseDisplay> display(XOpenDisplay(display_.c_str()));
   if (!display) return windows;
+  const ::Window rootWindow = DefaultRootWindow(display.get());
   ::Window root = 0, parent = 0, *children = nullptr;
   unsigned int count = 0;
-  if (!XQueryTree(display.get(), DefaultRootWindow(display.get()), &root, &parent, &children,
-                  &count))
-    return windows;
+  if (!XQueryTree(display.get(), rootWindow, &root, &parent, &children, &count)) return windows;
   for (unsigned int i = 0; i < count; ++i) {
-    XWindowAttributes attributes{};
-    if (!XGetWindowAttributes(display.get(), children[i], &attributes)) continue;
+    XWindowAttributes frame{}, attributes{};
+    const ::Window client = ClientOf(display.get(), children[i]);
+    if (!XGetWindowAttributes(display.get(), children[i], &frame) ||
+        !XGetWindowAttributes(display.get(), client, &attributes))
+      continue;
     Window window;
-    window.id = children[i];
-    window.x = attributes.x;
-    window.y = attributes.y;
+    window.id = client;
+    ::Window child = 0;
+    XTranslateCoordinates(display.get(), client, rootWindow, 0, 0, &window.x, &window.y, &child);
     window.width = attributes.width;
     window.height = attributes.height;
-    window.mapped = attributes.map_state == IsViewable;
-    window.popup = attributes.override_redirect;
-    char* name = nullptr;
-    if (XFetchName(display.get(), children[i], &name) && name) {
-      window.name = name;
-      XFree(name);
-    }
+    window.mapped = frame.map_state == IsViewable && attributes.map_state == IsViewable;
+    window.popup = frame.override_redirect;
+    window.name = NameOf(display.get(), client);
     windows.push_back(std::move(window));
   }
   if (children) XFree(children);

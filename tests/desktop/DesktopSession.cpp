@@ -9,7 +9,7 @@
 #include <fstream>
 #include <thread>
 
-#include "SoundAnalysis.h"
+#include "support/SoundAnalysis.h"
 #include "playlist/Id3Tag.h"
 
 extern char** environ;
@@ -36,15 +36,6 @@ bool Catches(pid_t pid, int signal) {
 }
 
 }  // namespace
-
-bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
-  const auto deadline = std::chrono::steady_clock::now() + patience;
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > deadline) return false;
-    std::this_thread::sleep_for(50ms);
-  }
-  return true;
-}
 
 std::string Output(const std::string& command) {
   std::string text;

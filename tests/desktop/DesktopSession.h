@@ -22,10 +22,6 @@
 
 namespace yarvo::test {
 
-// Polls `condition` until it holds; false after `patience`.
-bool WaitUntil(const std::function<bool()>& condition,
-               std::chrono::milliseconds patience = std::chrono::seconds(30));
-
 // Runs a shell command; its standard output, without the last line break.
 std::string Output(const std::string& command);
 

@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "MidiWriter.h"
-#include "SoundAnalysis.h"
+#include "support/SoundAnalysis.h"
 #include "engines/media/MCore.h"
 #include "engines/media/MciError.h"
 #include "engines/media/MciSendString.h"

@@ -1,4 +1,4 @@
-#include "SoundAnalysis.h"
+#include "support/SoundAnalysis.h"
 
 #include <algorithm>
 #include <cmath>

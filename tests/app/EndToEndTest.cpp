@@ -1,0 +1,252 @@
+// A person's session with the player, on an X server with a window manager,
+// driven by a real X client and heard on a private sound server: play from
+// the playlist, skip, pause, stop, seek, move and size the window, switch the
+// layout, rearrange the playlist, drop a file on it from a file manager, and
+// close; then the files the player wrote.
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "PlayerProcess.h"
+#include "ScreenPixels.h"
+#include "XServer.h"
+#include "support/SoundAnalysis.h"
+#include "support/SoundServer.h"
+
+namespace yarvo {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using namespace test;
+
+constexpr int kLeft = 100, kTop = 100;            // the main window
+constexpr int kListLeft = 520, kListTop = 100;    // the playlist window
+constexpr double kFirstHalf[] = {330, 440, 550, 660, 770};
+constexpr double kSecondHalf[] = {1210, 1320, 1430, 1540, 1650};
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  for (std::size_t at = 0; at < text.size();) {
+    const auto end = text.find("\r\n", at);
+    if (end == std::string::npos) break;
+    lines.push_back(text.substr(at, end - at));
+    at = end + 2;
+  }
+  return lines;
+}
+
+class EndToEnd : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
+    if (!sound.Ready()) GTEST_SKIP() << "no private PulseAudio server here";
+    if (std::system("command -v xdotool >/dev/null && command -v openbox >/dev/null") != 0)
+      GTEST_SKIP() << "no xdotool or openbox";
+    windowManager = std::make_unique<ChildProcess>(
+        std::vector<std::string>{"env", "DISPLAY=" + x.display(), "openbox"});
+    // Five songs of 20 s: one tone the first half, another the second.
+    // The last one's name is Latin-1, as old collections have them.
+    for (int i = 0; i < 5; ++i) {
+      songs.push_back(folder / ("Song " + std::to_string(i + 1) + (i == 4 ? " caf\xE9" : "") + ".mp3"));
+      const std::string make =
+          "ffmpeg -loglevel error -y -f lavfi -i \"aevalsrc=exprs='0.4*sin(2*PI*if(lt(t,10)," +
+          std::to_string(kFirstHalf[i]) + "," + std::to_string(kSecondHalf[i]) +
+          ")*t)':s=44100:d=20\" -ac 2 -b:a 128k '" + songs.back() + "'";
+      ASSERT_EQ(std::system(make.c_str()), 0);
+    }
+    std::string list;
+    for (int i = 0; i < 4; ++i) list += songs[static_cast<std::size_t>(i)] + "\r\n";
+    WriteBytes(folder / "Data/plst.data", list);
+    std::vector<std::string> lines(72);
+    lines[2] = std::to_string(kLeft * 15);
+    lines[3] = std::to_string(kTop * 15);
+    lines[7] = std::to_string(kListLeft * 15);
+    lines[8] = std::to_string(kListTop * 15);
+    lines[11] = "60";
+    lines[16] = "Playlist=True";
+    lines[20] = "Default";
+    lines[53] = "Full";
+    lines[56] = "main";
+    std::string settings;
+    for (const auto& line : lines) settings += line + "\r\n";
+    WriteBytes(folder / "settings.ini", settings);
+    recorder = sound.Record(recording);
+  }
+
+  void Xdo(const std::string& arguments) const {
+    ASSERT_EQ(std::system(("DISPLAY=" + x.display() + " xdotool " + arguments).c_str()), 0)
+        << arguments;
+  }
+  static std::string At(int sx, int sy) { return std::to_string(sx) + " " + std::to_string(sy); }
+  void Click(int sx, int sy, const std::string& how = "click 1") const {
+    Xdo("mousemove " + At(sx, sy) + " " + how);
+  }
+  void Drag(int fromX, int fromY, int toX, int toY) const {
+    Xdo("mousemove " + At(fromX, fromY) + " mousedown 1");
+    for (int step = 1; step <= 8; ++step) {
+      Xdo("mousemove " + At(fromX + (toX - fromX) * step / 8, fromY + (toY - fromY) * step / 8));
+      std::this_thread::sleep_for(40ms);  // a hand's pace: a drop target answers each step
+    }
+    Xdo("mouseup 1");
+    std::this_thread::sleep_for(300ms);
+  }
+
+  // The main window and the playlist window as the X server has them.
+  std::optional<XServer::Window> MainWindow() const {
+    for (const auto& window : x.Windows())
+      if (window.mapped && window.name.rfind("Yarvo Player", 0) == 0 &&
+          window.name.find("Playlist") == std::string::npos && window.width >= 400)
+        return window;
+    return std::nullopt;
+  }
+  std::optional<XServer::Window> ListWindow() const {
+    return x.Find("Yarvo Player - Playlist");
+  }
+
+  // The strongest tone of the last 0.4 s the sink played, 0 for silence.
+  double Heard() const {
+    const Recording heard = Recording::fromStereo(ReadRecording(recording), SoundServer::kRate);
+    const std::size_t span = heard.at(0.4);
+    if (heard.left.size() < span) return 0;
+    const std::size_t from = heard.left.size() - span;
+    if (level(heard.left, from, span) < 0.02) return 0;
+    return dominantFrequency(heard.left, from, span, SoundServer::kRate);
+  }
+  // Waits for the sink to play `frequency` (within 2 %).
+  bool Hears(double frequency) const {
+    return WaitUntil([&] { return std::abs(Heard() - frequency) < frequency * 0.02; }, 10s);
+  }
+
+  XServer x;
+  SoundServer sound;
+  ProgramFolder folder;
+  TempDir home;
+  std::unique_ptr<ChildProcess> windowManager;
+  std::unique_ptr<ChildProcess> recorder;
+  fs::path recording = home / "heard.raw";
+  std::vector<std::string> songs;
+};
+
+TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
+  Player player(folder, home, {}, x.display(), "/tmp/e2e-player.log", sound.PulseServer());
+  ASSERT_TRUE(WaitUntil([&] { return MainWindow() && ListWindow() && ListWindow()->mapped; }));
+  std::this_thread::sleep_for(1500ms);
+  auto main = *MainWindow();
+  auto list = *ListWindow();
+  const Pixels idle = Screenshot(x.display());
+
+  // A double click on the third row plays it.
+  const int rowX = list.x + 60, rowY = list.y + 24;  // the list's first row starts here
+  Click(rowX, rowY + 2 * 13 + 6, "click --repeat 2 --delay 80 1");
+  EXPECT_TRUE(Hears(kFirstHalf[2])) << "the third song; heard " << Heard();
+  const Pixels playing = Screenshot(x.display());
+  int changed = 0;  // the state word's place in the main panel
+  for (int y = 54; y < 71; ++y)
+    for (int dx = 16; dx < 77; ++dx)
+      changed += !(idle.At(main.x + dx, main.y + y) == playing.At(main.x + dx, main.y + y));
+  EXPECT_GT(changed, 20) << "the state word is written";
+
+  // The transport buttons: next, pause, play, stop.
+  const int buttonsX = main.x + main.width - 80 + 4, buttonsY = main.y + 24 + 8;
+  Click(buttonsX + 56, buttonsY + 32);  // next
+  EXPECT_TRUE(Hears(kFirstHalf[3])) << "the fourth song; heard " << Heard();
+  Click(buttonsX + 32, buttonsY + 8);  // pause
+  EXPECT_TRUE(WaitUntil([&] { return Heard() == 0; }, 5s)) << "paused";
+  Click(buttonsX + 32, buttonsY + 28);  // play
+  EXPECT_TRUE(Hears(kFirstHalf[3])) << "resumed";
+
+  // A drag of the seek bar's thumb to four fifths plays the second half.
+  const int barY = main.y + main.height - 21;
+  const auto thumbX = [&](int from, int width) {
+    const Pixels now = Screenshot(x.display());
+    const Pixels thumb = ReadPicture(folder / "Skins/Default/h-scrollbar-thumb.bmp");
+    for (int sx = from; sx < from + width; ++sx)
+      if (now.At(sx, barY + 8) == thumb.At(6, 8) && now.At(sx, barY + 3) == thumb.At(6, 3))
+        return sx;
+    return -1;
+  };
+  const int seekThumb = thumbX(main.x + 8, 209);
+  ASSERT_GT(seekThumb, 0) << "the thumb of the seek bar";
+  Drag(seekThumb, barY + 8, main.x + 8 + 7 + 160, barY + 8);
+  EXPECT_TRUE(Hears(kSecondHalf[3])) << "heard " << Heard();
+
+  Click(buttonsX + 32, buttonsY + 54);  // stop
+  EXPECT_TRUE(WaitUntil([&] { return Heard() == 0; }, 5s)) << "stopped";
+  std::this_thread::sleep_for(500ms);
+  const Pixels stopped = Screenshot(x.display());
+  const Pixels idlePicture = ReadPicture(folder / "Skins/Default/yarvoplayer.bmp");
+  int differs = 0;
+  for (int y = 0; y < 40; y += 4)
+    for (int dx = 0; dx < 160; dx += 4)
+      differs += !(stopped.At(main.x + 8 + 136 + dx, main.y + 24 + 48 + y) == idlePicture.At(dx, y));
+  EXPECT_EQ(differs, 0) << "the idle picture is back";
+
+  // The volume bar's thumb dragged past its right end.
+  const int volumeThumb = thumbX(main.x + 232, 93);
+  ASSERT_GT(volumeThumb, 0) << "the thumb of the volume bar";
+  Drag(volumeThumb, barY + 8, main.x + 232 + 200, barY + 8);
+
+  // The window moved by its title bar, then its layout made small and full
+  // again by double clicks on the title bar's right end.
+  Drag(main.x + 325, main.y + 8, main.x + 385, main.y + 48);
+  ASSERT_TRUE(WaitUntil([&] { return MainWindow() && MainWindow()->x == main.x + 60; }, 5s));
+  main = *MainWindow();
+  EXPECT_EQ(main.y, kTop + 40);
+  Click(main.x + main.width - 90, main.y + 8, "click --repeat 2 --delay 80 1");
+  EXPECT_TRUE(WaitUntil([&] { return MainWindow() && MainWindow()->height == 133; }, 5s))
+      << "the small layout";
+  Click(main.x + main.width - 90, main.y + 8, "click --repeat 2 --delay 80 1");
+  EXPECT_TRUE(WaitUntil([&] { return MainWindow() && MainWindow()->height == 235; }, 5s))
+      << "the full layout again";
+
+  // The playlist sized bigger, its first row dragged to the fourth, and a
+  // fifth song dropped on its second row from a file manager.
+  Drag(list.x + list.width - 7, list.y + list.height - 7, list.x + list.width + 73,
+       list.y + list.height + 53);
+  ASSERT_TRUE(WaitUntil([&] { return ListWindow()->width == 346; }, 5s));
+  list = *ListWindow();
+  Drag(rowX, rowY + 6, rowX, rowY + 3 * 13 + 6);
+  ChildProcess source({"env", "DISPLAY=" + x.display(), YARVO_DRAG_SOURCE, songs[4]}, "/dev/null",
+                      "/dev/null");
+  ASSERT_TRUE(WaitUntil([&] { return x.Find("Drag source") && x.Find("Drag source")->mapped; }));
+  const auto sourceWindow = *x.Find("Drag source");
+  const auto fifthRow = [&] {
+    const Pixels now = Screenshot(x.display());
+    std::vector<Rgb> row;
+    for (int dx = 0; dx < 150; ++dx) row.push_back(now.At(rowX - 40 + dx, rowY + 4 * 13 + 6));
+    return row;
+  };
+  const auto empty = fifthRow();
+  Drag(sourceWindow.x + 40, sourceWindow.y + 30, rowX, rowY + 13 + 6);
+  EXPECT_TRUE(WaitUntil([&] { return fifthRow() != empty; }, 10s)) << "a fifth row is drawn";
+
+  player.Close();
+  ASSERT_EQ(player.Wait(), 0);
+  const auto settings = Lines(ReadBytes(folder / "settings.ini"));
+  ASSERT_EQ(settings.size(), 72u);
+  EXPECT_EQ(settings[2], std::to_string((kLeft + 60) * 15)) << "left";
+  EXPECT_EQ(settings[3], std::to_string((kTop + 40) * 15)) << "top";
+  EXPECT_EQ(settings[9], "5190") << "the playlist's width: 346 pixels";
+  EXPECT_EQ(settings[11], "100") << "volume";
+  EXPECT_EQ(settings[53], "Full");
+  EXPECT_EQ(settings[56], "main");
+  EXPECT_EQ(Lines(ReadBytes(folder / "Data/plst.data")),
+            (std::vector<std::string>{songs[1], songs[4], songs[2], songs[3], songs[0]}));
+  const auto top = Lines(ReadBytes(folder / "Data/top.data"));
+  ASSERT_EQ(top.size(), 40u);
+  EXPECT_NE(std::find(top.begin(), top.end(), "Song 3"), top.end());
+  EXPECT_NE(std::find(top.begin(), top.end(), "Song 4"), top.end());
+}
+
+}  // namespace
+}  // namespace yarvo
