@@ -107,8 +107,8 @@ struct BASS_CHANNELINFO {
 
 // device -1 (default) or 1: the desktop's sound server; 0: no sound, audio is
 // consumed at real-time speed. freq is the rate wished for when the device has
-// no preference. Fails when already initialised. Nothing is asked of the
-// device until a channel plays.
+// no preference. Fails when already initialised. A sound server is asked for
+// its rate only; no stream is opened on it until a channel plays.
 BOOL BASS_Init(int device, DWORD freq, DWORD flags, HWND win, const void* dsguid);
 // Frees every channel and effect; nothing of them is heard after it. The
 // output rests and lets the device go after a few seconds of silence unless

@@ -180,7 +180,9 @@ bool Channel::fillBlock(AudioBlock& block, std::uint64_t& nextFrame,
 }
 
 void Channel::decodeLoop(std::stop_token stop) {
-  std::uint32_t generation = seekGeneration_.load(std::memory_order_acquire);
+  // Generation 0 starts at frame 0. A seek made before this thread ran is
+  // a later generation, so the loop below takes it.
+  std::uint32_t generation = 0;
   std::uint64_t nextFrame = 0;
   bool atEnd = false;
   bool seekFailed = false;
@@ -378,12 +380,12 @@ void Channel::addWithRamp(const float* native, std::size_t frames, float* stereo
   }
 }
 
-bool Channel::mixInto(float* stereo, std::size_t frames, bool offline,
-                      std::uint64_t outputFrame) noexcept {
+Channel::Mix Channel::mixInto(float* stereo, std::size_t frames, bool offline,
+                              std::uint64_t outputFrame) noexcept {
   takeSeek();
   const int state = state_.load(std::memory_order_acquire);
   if (state == Ended) ramp_ = 0.0f;
-  if (state != Playing && ramp_ == 0.0f) return false;
+  if (state != Playing && ramp_ == 0.0f) return Mix::Silent;
   if (state != Playing) {
     // Fading out: take only what the fade still needs, so a paused channel's
     // position stops where its sound stopped.
@@ -401,7 +403,8 @@ bool Channel::mixInto(float* stereo, std::size_t frames, bool offline,
                 recent_.written(), consumerGeneration_});
   if (state == Playing && state_.load(std::memory_order_acquire) == Ended)
     endFrame_.store(outputFrame + made, std::memory_order_release);
-  return state_.load(std::memory_order_acquire) == Playing || ramp_ > 0.0f;
+  if (state_.load(std::memory_order_acquire) == Playing || ramp_ > 0.0f) return Mix::Sounding;
+  return made > 0 ? Mix::Ending : Mix::Silent;
 }
 
 }  // namespace yarvo::audio

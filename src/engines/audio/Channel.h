@@ -97,12 +97,15 @@ class Channel {
   void heardSamples(float* interleaved, std::size_t frames,
                     std::uint64_t heardFrame) const noexcept;
 
+  // What one mixInto() added: nothing (and nothing until the channel plays
+  // again), the last of its sound, or sound with more to come.
+  enum class Mix { Silent, Ending, Sounding };
+
   // Output thread: adds up to `frames` (<= kMaxRenderFrames) stereo frames at
   // the output rate into `stereo`, the first of them output frame
   // `outputFrame`. With `offline` the call waits for the decoder instead of
-  // letting the output run dry (for outputs that are not real-time). False
-  // when the channel no longer sounds: not playing and its fade done.
-  bool mixInto(float* stereo, std::size_t frames, bool offline, std::uint64_t outputFrame) noexcept;
+  // letting the output run dry (for outputs that are not real-time).
+  Mix mixInto(float* stereo, std::size_t frames, bool offline, std::uint64_t outputFrame) noexcept;
 
  private:
   enum State : int { Stopped, Playing, Paused, Ended };

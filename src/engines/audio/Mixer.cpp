@@ -57,29 +57,35 @@ void Mixer::detach(Channel& channel) {
   std::erase(channels_, &channel);
 }
 
-// Stops after the block in which the last channel fell silent; the output
-// need not keep what follows.
+// Stops after the block in which the last channel fell silent, or before a
+// block to which none added anything: the output need not keep what follows,
+// and those frames are not counted.
 std::size_t Mixer::render(float* stereo, std::size_t frames) noexcept {
   const FlushDenormals flush;
   std::size_t done = 0;
   bool sounding = true;
   while (done < frames && sounding) {
     const std::size_t n = std::min(frames - done, Channel::kMaxRenderFrames);
-    sounding = renderBlock(stereo + 2 * done, n);
+    if (!renderBlock(stereo + 2 * done, n, sounding)) break;
     done += n;
   }
   std::fill(stereo + 2 * done, stereo + 2 * frames, 0.0f);
   return sounding ? frames : done;
 }
 
-bool Mixer::renderBlock(float* stereo, std::size_t frames) noexcept {
+bool Mixer::renderBlock(float* stereo, std::size_t frames, bool& sounding) noexcept {
   std::fill_n(stereo, 2 * frames, 0.0f);
-  bool sounding = false;
+  bool added = false;
+  sounding = false;
   {
     std::lock_guard lock(mutex_);
     const std::uint64_t first = rendered_.load(std::memory_order_relaxed);
-    for (Channel* channel : channels_)
-      sounding = channel->mixInto(stereo, frames, offline_, first) || sounding;
+    for (Channel* channel : channels_) {
+      const Channel::Mix mix = channel->mixInto(stereo, frames, offline_, first);
+      added = added || mix != Channel::Mix::Silent;
+      sounding = sounding || mix == Channel::Mix::Sounding;
+    }
+    if (!added) return false;
     // Counted under the lock: a channel attached now starts its record of
     // output frames where this block ends.
     rendered_.store(first + frames, std::memory_order_release);
@@ -88,7 +94,7 @@ bool Mixer::renderBlock(float* stereo, std::size_t frames) noexcept {
   // applied here or by the sound server.
   limiter_.process(stereo, frames);
   applyVolume(stereo, frames);
-  return sounding;
+  return true;
 }
 
 void Mixer::applyVolume(float* stereo, std::size_t frames) noexcept {

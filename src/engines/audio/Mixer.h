@@ -41,7 +41,8 @@ class Mixer final : public AudioSource {
   }
 
  private:
-  bool renderBlock(float* stereo, std::size_t frames) noexcept;
+  // False when no channel added anything.
+  bool renderBlock(float* stereo, std::size_t frames, bool& sounding) noexcept;
   void applyVolume(float* stereo, std::size_t frames) noexcept;
 
   const int rate_;

@@ -27,47 +27,53 @@ void PositionTrail::add(const Mark& mark) noexcept {
   sequence_.store(sequence + 2, std::memory_order_release);
 }
 
+// Marks are read newest first, and only back to the one that covers `frame`:
+// a few for an output's latency, one when the output holds nothing.
 bool PositionTrail::at(std::uint64_t frame, std::uint64_t generation, Heard& heard) const noexcept {
-  std::array<Mark, kMarks> marks;
-  std::size_t count = 0;
+  Mark found;
+  Mark oldest;
+  bool covered = false;
+  bool any = false;
   for (;;) {
     const std::uint64_t before = sequence_.load(std::memory_order_acquire);
     if ((before & 1) != 0) continue;
     const std::uint64_t added = added_.load(std::memory_order_relaxed);
-    count = static_cast<std::size_t>(std::min<std::uint64_t>(added, kMarks));
-    // Oldest first.
+    const std::size_t count = static_cast<std::size_t>(std::min<std::uint64_t>(added, kMarks));
+    covered = any = false;
     for (std::size_t k = 0; k < count; ++k) {
-      const auto& slot = ring_[(added - count + k) % kMarks];
+      const auto& slot = ring_[(added - 1 - k) % kMarks];
       Fields fields;
       for (std::size_t i = 0; i < kFields; ++i) fields[i] = slot[i].load(std::memory_order_relaxed);
-      marks[k] = markOf(fields);
+      const Mark mark = markOf(fields);
+      // A seek the reader does not know of yet comes after its blocks; one
+      // it knows ended those before it.
+      if (mark.generation > generation) continue;
+      if (mark.generation < generation) break;
+      any = true;
+      oldest = mark;
+      if (mark.outputFirst <= frame) {
+        found = mark;
+        covered = true;
+        break;
+      }
     }
     std::atomic_thread_fence(std::memory_order_acquire);
     if (sequence_.load(std::memory_order_relaxed) == before) break;
   }
-  const Mark* first = nullptr;
-  const Mark* last = nullptr;
-  for (std::size_t k = 0; k < count; ++k) {
-    const Mark& m = marks[k];
-    if (m.generation != generation) continue;
-    if (first == nullptr) first = &m;
-    if (m.outputFirst > frame) break;
-    last = &m;
-  }
-  if (first == nullptr) return false;
-  if (last == nullptr) {
-    heard = {first->sourceFirst, first->recentEnd - (first->sourceEnd - first->sourceFirst)};
+  if (!any) return false;
+  if (!covered) {
+    heard = {oldest.sourceFirst, oldest.recentEnd - (oldest.sourceEnd - oldest.sourceFirst)};
     return true;
   }
   // Within a block the channel's frames run evenly across the output's.
-  std::uint64_t position = last->sourceEnd;
-  if (frame < last->outputEnd) {
+  std::uint64_t position = found.sourceEnd;
+  if (frame < found.outputEnd) {
     const double share =
-        double(frame - last->outputFirst) / double(last->outputEnd - last->outputFirst);
-    position = last->sourceFirst +
-               static_cast<std::uint64_t>(share * double(last->sourceEnd - last->sourceFirst));
+        double(frame - found.outputFirst) / double(found.outputEnd - found.outputFirst);
+    position = found.sourceFirst +
+               static_cast<std::uint64_t>(share * double(found.sourceEnd - found.sourceFirst));
   }
-  heard = {position, last->recentEnd - (last->sourceEnd - position)};
+  heard = {position, found.recentEnd - (found.sourceEnd - position)};
   return true;
 }
 

@@ -304,6 +304,12 @@ void PulseOutput::fill() noexcept {
 // corked so that the server rests, and released after a while.
 void PulseOutput::rest() noexcept {
   state_ = State::Draining;
+  // A stream flushed and given nothing since never starts, so it would
+  // never drain either: it has nothing to play out.
+  if (sinceFlush_ == 0) {
+    drained();
+    return;
+  }
   drain_ = pa_stream_drain(stream_, PulseCallbacks::drained, this);
 }
 
