@@ -36,6 +36,8 @@ HearingFixture::~HearingFixture() {
   // next test.
   BASS_Free();
   recorder_.reset();
+  std::error_code ignored;
+  std::filesystem::current_path(workingFolder_, ignored);
 }
 
 void HearingFixture::SetUp() {

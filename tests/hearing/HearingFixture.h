@@ -91,6 +91,9 @@ class HearingFixture : public ProgramFixture {
   void KeepTime();
 
   int recorderLatencyMs_;
+  // The engine form makes the program's folder the current one; the folder
+  // goes with the test.
+  std::filesystem::path workingFolder_ = std::filesystem::current_path();
   std::unique_ptr<ChildProcess> recorder_;
   std::filesystem::path recording_;
   Clock::time_point start_;

@@ -53,12 +53,15 @@ SoundServer::SoundServer() : socket_(dir_ / "native") {
   // Everything the server and its clients keep goes to the temporary
   // folder: running as root, the server would otherwise use root's home.
   for (const char* name : {"HOME", "XDG_RUNTIME_DIR", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH",
-                           "PULSE_CONFIG_PATH", "PULSE_SERVER"}) {
+                           "PULSE_CONFIG_PATH", "PULSE_SERVER", "DBUS_SESSION_BUS_ADDRESS"}) {
     const char* value = std::getenv(name);
     saved_.emplace_back(name, value != nullptr ? std::optional<std::string>(value) : std::nullopt);
     setenv(name, dir_.path().c_str(), 1);
   }
   setenv("PULSE_SERVER", PulseServer().c_str(), 1);
+  // No session bus: a server claims its one name there, so a second test's
+  // server running at the same time would give up.
+  setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (dir_ / "no-bus").string()).c_str(), 1);
   auto server = std::make_unique<ChildProcess>(
       std::vector<std::string>{
           "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--system=false",
