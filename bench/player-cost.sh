@@ -9,14 +9,15 @@
 # of every thread, from /proc):
 #
 #   the sound server alone, with no client (the floor of the server figures);
-#   Yarvo Player playing with its windows shown (visualisation on), playing
-#   with its windows minimised, paused, stopped, and started with no song;
+#   Yarvo Player playing with its windows shown (visualisation on), paused,
+#   stopped, playing with its windows minimised, and started with no song;
 #   mpv --no-video --ao=pulse on the same file, playing and paused;
 #   Audacious (GTK) on the same file, playing and paused, where it can be
 #   installed; its row is left out otherwise.
 #
 # The player is driven as a person would drive it: its keyboard shortcuts
-# (Space pauses, S stops) through xdotool, and the window manager's minimise.
+# (Space pauses, S stops, Enter plays) through xdotool, and the window
+# manager's minimise.
 # mpv is paused through its input socket, Audacious through audtool.
 #
 # Usage: bench/player-cost.sh [-s seconds per state, at least 30] [-p program folder]
@@ -120,7 +121,7 @@ counts() {
     ns=$((ns + run))
     switches=$((switches + $(awk '/^voluntary_ctxt_switches/ {print $2}' "$task/status" 2>/dev/null || echo 0)))
   done
-  fields=$(sed 's/.*) //' /proc/"$pid"/stat)
+  fields=$(sed 's/.*) //' /proc/"$pid"/stat 2>/dev/null) || return 1
   set -- $fields
   echo "$ns $(((${12} + ${13}) * 1000000000 / ticks_per_second)) $switches"
 }
@@ -143,11 +144,18 @@ row() {
 # Measures `pid` (empty for none) and the sound server over one span.
 measure() {
   local label=$1 pid=$2 p0="" s0 p1="" s1 start span mine theirs
+  if [ -n "$pid" ] && ! kill -0 "$pid" 2>/dev/null; then
+    row "$label" ended - - - -
+    return
+  fi
   [ -n "$pid" ] && p0=$(counts "$pid")
   s0=$(counts "$server")
   start=$(date +%s.%N)
   sleep "$seconds"
-  [ -n "$pid" ] && p1=$(counts "$pid")
+  if [ -n "$pid" ] && ! p1=$(counts "$pid" 2>/dev/null); then
+    row "$label" ended - - - -
+    return
+  fi
   s1=$(counts "$server")
   span=$(echo "$(date +%s.%N) - $start" | bc)
   theirs=($(rates "$s0" "$s1" "$span"))
@@ -170,8 +178,15 @@ await_stream() {
   return 1
 }
 
+# Ends `pid`; says so when it had ended by itself, with the end of `log`.
 await_exit() {
-  local pid=$1
+  local pid=$1 log=${2:-} status
+  if ! kill -0 "$pid" 2>/dev/null; then
+    wait "$pid" 2>/dev/null && status=0 || status=$?
+    echo "  (it had ended by itself, status $status)"
+    [ -n "$log" ] && tail -n 5 "$log" | sed 's/^/  | /'
+    return 0
+  fi
   kill "$pid" 2>/dev/null || true
   for _ in $(seq 100); do kill -0 "$pid" 2>/dev/null || break; sleep 0.1; done
   kill -9 "$pid" 2>/dev/null || true
@@ -187,7 +202,7 @@ start_player() {
   rm -rf "$work/yarvo"
   mkdir -p "$work/yarvo"
   cp -a "$folder"/. "$work/yarvo"/
-  "$work/yarvo/yarvo-player" "$@" >"$work/yarvo.log" 2>&1 &
+  "$work/yarvo/yarvo-player" "$@" >>"$work/yarvo.log" 2>&1 &
   player=$!
   started+=("$player")
 }
@@ -208,26 +223,27 @@ start_player "$song"
 await_stream
 sleep 3
 measure "yarvo playing, window shown" "$player"
-
+press space || true
+sleep 1
+measure "yarvo paused" "$player"
+press s || true
+sleep 1
+measure "yarvo stopped" "$player"
+# Played again from the stop and minimised by the window manager; the player
+# is ended from there, its windows not shown again.
+press Return || true
+sleep 3
 windows=$(shown_windows)
 for window in $windows; do xdotool windowminimize "$window"; done
 sleep 2
 measure "yarvo playing, minimised" "$player"
 still=$(shown_windows | wc -l)
-for window in $windows; do xdotool windowmap "$window" 2>/dev/null || true; done
-sleep 2
-press space
-sleep 1
-measure "yarvo paused" "$player"
-press s
-sleep 1
-measure "yarvo stopped" "$player"
-await_exit "$player"
+await_exit "$player" "$work/yarvo.log"
 
 start_player
 sleep 3
 measure "yarvo idle, no song" "$player"
-await_exit "$player"
+await_exit "$player" "$work/yarvo.log"
 
 # ---- mpv ----
 
