@@ -154,7 +154,8 @@ void closeBuffered(void* file) { delete static_cast<BufferedFile*>(file); }
 // mpg123 reads the file through a buffer of ours: its own reader makes two
 // system calls for every frame, in the scan and again in decoding.
 bool openBuffered(mpg123_handle* handle, const std::string& path) {
-  if (mpg123_replace_reader_handle(handle, readBuffered, seekBuffered, closeBuffered) != MPG123_OK)
+  if (mpg123_replace_reader_handle(handle, readBuffered, seekBuffered, closeBuffered) !=
+      MPG123_OK)
     return false;
   auto file = BufferedFile::open(path);
   if (!file) return false;
