@@ -26,7 +26,8 @@ class AudioSource {
   // played again an output may finish what it holds and rest. No
   // allocation, no exception, no lock held by anything slow.
   virtual std::size_t render(float* stereo, std::size_t frames) noexcept = 0;
-  // Any thread: frames render() has filled so far.
+  // Any thread: frames render() has counted so far, those it filled up to
+  // where sound ended (silence after that is not counted).
   [[nodiscard]] virtual std::uint64_t renderedFrames() const noexcept = 0;
 
  protected:

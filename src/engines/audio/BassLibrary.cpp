@@ -82,6 +82,8 @@ bool BassLibrary::startOutput() {
   if (!fallback->start(*mixer_)) return false;
   output_->stop();
   output_ = std::move(fallback);
+  // It is "no sound": the next BASS_Init asks for the device again.
+  device_ = 0;
   applyVolume();
   return true;
 }

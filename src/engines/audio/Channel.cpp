@@ -79,6 +79,7 @@ Effect* Channel::addEffect(std::unique_ptr<Effect> effect) {
 void Channel::play(bool restart) {
   if (restart || state_.load(std::memory_order_acquire) == Ended) setPosition(0);
   state_.store(Playing, std::memory_order_release);
+  wakeDecoder();
 }
 
 bool Channel::pause() {
@@ -209,11 +210,18 @@ void Channel::decodeLoop(std::stop_token stop) {
         continue;
       }
     }
-    std::unique_lock lock(mutex_);
-    wakeDecoder_.wait_for(lock, stop, untilHalfPlayed(), [&] {
+    const auto due = [&] {
       return seekGeneration_.load(std::memory_order_acquire) != generation ||
              (!atEnd && queue_.size() <= queue_.capacity() / 2);
-    });
+    };
+    std::unique_lock lock(mutex_);
+    // A channel that does not play takes nothing from the queue: the thread
+    // sleeps until a seek, a play or the end of the channel wakes it.
+    if (state_.load(std::memory_order_acquire) == Playing)
+      wakeDecoder_.wait_for(lock, stop, untilHalfPlayed(), due);
+    else
+      wakeDecoder_.wait(lock, stop,
+                        [&] { return due() || state_.load(std::memory_order_acquire) == Playing; });
   }
 }
 

@@ -9,8 +9,10 @@
 // They share atomics and the lock-free block queue. The decode thread touches
 // the decoder and the producer side of the queue, nothing else. The one mutex
 // only pairs with the two condition variables that wake the decode thread
-// (after a seek or at destruction) and, for outputs that are not real-time,
-// the output thread; a real-time output thread never takes it.
+// (after a seek or at destruction) and the output thread: always for outputs
+// that are not real-time; for a real-time one only while the decoder has
+// just started (after a play or a seek) and has nothing yet, so that the
+// output does not play silence in place of the song's first blocks.
 //
 // Effects run on the decoded samples at the file's own rate, after the queue,
 // so a parameter change is heard as soon as the output has played what it had

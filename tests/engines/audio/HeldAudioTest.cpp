@@ -8,8 +8,6 @@
 
 #include "BassFixture.h"
 
-#include <cmath>
-
 namespace yarvo::audio::test {
 namespace {
 
@@ -58,6 +56,7 @@ class HeldAudioTest : public ::testing::Test {
     setOutputFactory([this](int, int) {
       auto output = std::make_unique<HoldingOutput>();
       output_ = output.get();
+      ++outputsMade_;
       return output;
     });
     ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
@@ -86,6 +85,7 @@ class HeldAudioTest : public ::testing::Test {
 
   TempDir dir_;
   HoldingOutput* output_ = nullptr;
+  int outputsMade_ = 0;
   HSTREAM stream_ = 0;
 };
 
@@ -150,6 +150,20 @@ TEST_F(HeldAudioTest, AChannelPlaysUntilItsEndIsHeard) {
   pump(0.1);
   EXPECT_EQ(BASS_ChannelIsActive(stream_), BASS_ACTIVE_STOPPED);
   EXPECT_EQ(positionFrames(), kFrames);
+}
+
+// The engine frees the library between any two songs: the output (a sound
+// server's stream) stays for the next BASS_Init, and nothing of the freed
+// channels is heard.
+TEST_F(HeldAudioTest, TheOutputOutlivesBassFreeForTheNextInit) {
+  ASSERT_TRUE(BASS_ChannelPlay(stream_, BASS_FALSE));
+  pump(0.5);
+  const std::size_t freed = heard() - kHold;
+  ASSERT_TRUE(BASS_Free());
+  EXPECT_EQ(heard(), freed);
+  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+  EXPECT_EQ(outputsMade_, 1);
+  EXPECT_EQ(BASS_ChannelIsActive(stream_), BASS_ACTIVE_STOPPED) << "its channels are gone";
 }
 
 }  // namespace
