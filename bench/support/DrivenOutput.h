@@ -19,9 +19,6 @@ class DrivenOutput final : public audio::AudioOutput {
   }
   void stop() noexcept override {}
   void pump(float* stereo, std::size_t frames) { source_->render(stereo, frames); }
-
- private:
-  audio::AudioSource* source_ = nullptr;
 };
 
 }  // namespace yarvo::bench

@@ -120,9 +120,9 @@ double ctlScrollbar::Travel() const {
   return Orientation != 0 ? Picture4.Width - Picture2.Width : Picture4.Height - Picture2.Height;
 }
 
-void ctlScrollbar::SetValue(double value) {
-  if (!std::isfinite(value)) throw err::InvalidPropertyValue();
-  StoreValue(std::clamp(value, min.get(), std::max(min.get(), max.get())));
+void ctlScrollbar::SetValue(double wanted) {
+  if (!std::isfinite(wanted)) throw err::InvalidPropertyValue();
+  StoreValue(std::clamp(wanted, min.get(), std::max(min.get(), max.get())));
   thumbPos_ = 0;
   thumbPos_ = SmallChange * pixelsPerUnit_ * (value_ - min);
   Redraw();
@@ -257,9 +257,9 @@ void ctlScrollbar::UpdateValue() {
   StoreValue(std::floor(thumbPos_ / perUnit + 0.5) + min);
 }
 
-void ctlScrollbar::StoreValue(double value) {
-  if (value == value_) return;
-  value_ = value;
+void ctlScrollbar::StoreValue(double stored) {
+  if (stored == value_) return;
+  value_ = stored;
   ++modelRevision();
   detail::Changed(&this->value);
   PropertyChanged();

@@ -95,26 +95,34 @@ BOOL BASS_ChannelPlay(DWORD handle, BOOL restart) {
 }
 
 BOOL BASS_ChannelPause(DWORD handle) {
-  Channel* channel = BassLibrary::instance().channel(handle);
-  return toBool(channel != nullptr && channel->pause());
+  return guarded(BASS_FALSE, [&] {
+    BassLibrary& library = BassLibrary::instance();
+    Channel* channel = library.channel(handle);
+    return toBool(channel != nullptr && library.pause(*channel));
+  });
 }
 
 BOOL BASS_ChannelStop(DWORD handle) {
-  Channel* channel = BassLibrary::instance().channel(handle);
-  if (channel == nullptr) return BASS_FALSE;
-  channel->stop();
-  return BASS_TRUE;
+  return guarded(BASS_FALSE, [&] {
+    BassLibrary& library = BassLibrary::instance();
+    Channel* channel = library.channel(handle);
+    if (channel == nullptr) return BASS_FALSE;
+    library.stop(*channel);
+    return BASS_TRUE;
+  });
 }
 
 DWORD BASS_ChannelIsActive(DWORD handle) {
-  const Channel* channel = BassLibrary::instance().channel(handle);
-  return channel == nullptr ? BASS_ACTIVE_STOPPED : channel->activity();
+  const BassLibrary& library = BassLibrary::instance();
+  const Channel* channel = library.channel(handle);
+  return channel == nullptr ? BASS_ACTIVE_STOPPED : channel->activity(library.heardFrame());
 }
 
 QWORD BASS_ChannelGetPosition(DWORD handle, DWORD mode) {
-  const Channel* channel = BassLibrary::instance().channel(handle);
+  const BassLibrary& library = BassLibrary::instance();
+  const Channel* channel = library.channel(handle);
   if (channel == nullptr || mode != BASS_POS_BYTE) return kFailedPosition;
-  return channel->position() * frameBytes(*channel);
+  return channel->position(library.heardFrame()) * frameBytes(*channel);
 }
 
 QWORD BASS_ChannelGetLength(DWORD handle, DWORD mode) {
@@ -125,9 +133,10 @@ QWORD BASS_ChannelGetLength(DWORD handle, DWORD mode) {
 
 BOOL BASS_ChannelSetPosition(DWORD handle, QWORD pos, DWORD mode) {
   return guarded(BASS_FALSE, [&] {
-    Channel* channel = BassLibrary::instance().channel(handle);
+    BassLibrary& library = BassLibrary::instance();
+    Channel* channel = library.channel(handle);
     if (channel == nullptr || mode != BASS_POS_BYTE) return BASS_FALSE;
-    return toBool(channel->setPosition(pos / frameBytes(*channel)));
+    return toBool(library.setPosition(*channel, pos / frameBytes(*channel)));
   });
 }
 

@@ -4,7 +4,9 @@
 //
 // Threads: every call is made on the one interface thread. Audio is rendered on
 // an output thread of the library's own; no call blocks for longer than it takes
-// to open a file or to stop a channel's decoder.
+// to open a file, to stop a channel's decoder or to reach the sound server.
+// Pause, stop, free, seek and the volume are heard at once: what the output
+// holds of the audio before them is thrown away, not played out.
 // Failures: a call that fails returns 0 (FALSE), or (DWORD)-1 where 0 is a valid
 // answer (BASS_ChannelGetData), or -1 cast to QWORD (positions and lengths).
 // Handles are never reused within a process, so a handle that was freed, or that
@@ -105,9 +107,12 @@ struct BASS_CHANNELINFO {
 
 // device -1 (default) or 1: the desktop's sound server; 0: no sound, audio is
 // consumed at real-time speed. freq is the rate wished for when the device has
-// no preference. Fails when already initialised.
+// no preference. Fails when already initialised. A sound server is asked for
+// its rate only; no stream is opened on it until a channel plays.
 BOOL BASS_Init(int device, DWORD freq, DWORD flags, HWND win, const void* dsguid);
-// Stops the output and frees every channel and effect.
+// Frees every channel and effect; nothing of them is heard after it. The
+// output rests and lets the device go after a few seconds of silence unless
+// a BASS_Init and a play come first.
 BOOL BASS_Free();
 BOOL BASS_SetConfig(DWORD option, DWORD value);
 
@@ -124,13 +129,14 @@ BOOL BASS_StreamFree(HSTREAM handle);
 BOOL BASS_MusicFree(HMUSIC handle);
 
 // Effects run in the order they were set, on the channel's samples at its own
-// rate; new parameters are heard within one output period.
+// rate; new parameters are heard once the output has played what it holds.
 HFX BASS_ChannelSetFX(DWORD handle, DWORD type, int priority);
 BOOL BASS_FXGetParameters(HFX handle, void* params);
 BOOL BASS_FXSetParameters(HFX handle, const void* params);
 
 // restart non-zero plays from the start; otherwise play resumes where it halted.
-// A channel that ended plays again from the start.
+// A channel that ended plays again from the start. A channel counts as
+// playing until the end of its file has been heard.
 BOOL BASS_ChannelPlay(DWORD handle, BOOL restart);
 BOOL BASS_ChannelPause(DWORD handle);
 BOOL BASS_ChannelStop(DWORD handle);
@@ -139,7 +145,8 @@ BOOL BASS_ChannelStop(DWORD handle);
 DWORD BASS_ChannelIsActive(DWORD handle);
 
 // Positions and lengths in bytes (mode BASS_POS_BYTE only). The position is
-// that of the audio handed to the output, so it stands still while paused.
+// that of the audio being heard, not of what the output holds before it is
+// heard, so it stands still while paused.
 QWORD BASS_ChannelGetPosition(DWORD handle, DWORD mode);
 QWORD BASS_ChannelGetLength(DWORD handle, DWORD mode);
 BOOL BASS_ChannelSetPosition(DWORD handle, QWORD pos, DWORD mode);

@@ -5,6 +5,13 @@
 //
 // Interface thread only. Handles come from one counter that never goes back,
 // so a handle freed, or left from before a BASS_Free, matches nothing.
+//
+// The output outlives BASS_Free: the player frees the library between any
+// two songs, and the next BASS_Init takes the same output (and the sound
+// server's stream, if it was not yet released for silence), so the next song
+// is heard at once. Every change a user makes (pause, stop, free, seek)
+// discards what the output holds and puts the channels back to what was
+// heard, so it is heard at once too.
 
 #include "engines/audio/AudioOutput.h"
 #include "engines/audio/Bass.h"
@@ -23,7 +30,7 @@ class BassLibrary {
   static BassLibrary& instance();
   // A program that ends without BASS_Free still stops the output before the
   // channels it plays go away.
-  ~BassLibrary() { free(); }
+  ~BassLibrary() { closeOutput(); }
   BassLibrary() = default;
   BassLibrary(const BassLibrary&) = delete;
   BassLibrary& operator=(const BassLibrary&) = delete;
@@ -33,6 +40,13 @@ class BassLibrary {
   bool setConfig(DWORD option, DWORD value);
   // False when no output can run.
   bool play(Channel& channel, bool restart);
+  // False when the channel is not playing.
+  bool pause(Channel& channel);
+  void stop(Channel& channel);
+  // False beyond the channel's end.
+  bool setPosition(Channel& channel, std::uint64_t frame);
+  // The output frame heard now, for the channels' positions.
+  [[nodiscard]] std::uint64_t heardFrame() const noexcept;
 
   DWORD createStream(const void* file, DWORD flags);
   DWORD loadMusic(const void* file, DWORD flags, DWORD freq);
@@ -49,6 +63,12 @@ class BassLibrary {
  private:
   DWORD adopt(std::unique_ptr<Channel> channel);
   bool startOutput();
+  void openOutput(int device, int wishedRate);
+  void closeOutput();
+  void applyVolume();
+  // Throws away what the output holds; every channel goes back to what was
+  // heard but `seeking`, which goes to `frame`.
+  void discard(Channel* seeking = nullptr, std::uint64_t frame = 0);
 
   // Declared so that destruction runs output, mixer, channels: nothing is
   // destroyed while something that reads it may still run.
@@ -60,7 +80,10 @@ class BassLibrary {
   std::unordered_map<DWORD, EffectEntry> effects_;
   std::unique_ptr<Mixer> mixer_;
   std::unique_ptr<AudioOutput> output_;
-  bool running_ = false;
+  // What the output was made for.
+  int device_ = 0;
+  std::uint64_t factoryVersion_ = 0;
+  bool initialised_ = false;
   DWORD nextHandle_ = 1;
   float volume_ = 1.0f;
   std::unique_ptr<FftAnalyser> spectrum_;

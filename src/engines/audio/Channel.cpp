@@ -23,6 +23,11 @@ constexpr double kRampSeconds = 0.005;
 constexpr auto kDecoderPoll = std::chrono::milliseconds(10);
 // An offline output gives up on a decoder that produces nothing for this long.
 constexpr auto kOfflineWait = std::chrono::seconds(2);
+// After a play or a seek a real-time output waits for the decoder's first
+// blocks, at most this long each time, for this much of the output: what a
+// sound server asks for at once when it starts.
+constexpr auto kPrimeWait = std::chrono::milliseconds(50);
+constexpr double kPrimeSeconds = 0.5;
 
 std::size_t queueBlocks(int rate) {
   const auto frames = static_cast<std::size_t>(std::ceil(kQueueSeconds * rate));
@@ -43,7 +48,8 @@ Channel::Channel(Kind kind, std::unique_ptr<Decoder> decoder, std::string path, 
       contentType_(decoder_->contentType()),
       queue_(queueBlocks(rate_), kBlockFrames, channels_),
       recent_(kRecentFrames, channels_),
-      rampStep_(static_cast<float>(1.0 / (kRampSeconds * outputRate))) {
+      rampStep_(static_cast<float>(1.0 / (kRampSeconds * outputRate))),
+      primeFrames_(static_cast<std::size_t>(kPrimeSeconds * outputRate)) {
   const auto chans = static_cast<std::size_t>(channels_);
   effects_.reserve(kMaxEffects);
   source_.resize(kMaxRenderFrames * chans);
@@ -73,6 +79,7 @@ Effect* Channel::addEffect(std::unique_ptr<Effect> effect) {
 void Channel::play(bool restart) {
   if (restart || state_.load(std::memory_order_acquire) == Ended) setPosition(0);
   state_.store(Playing, std::memory_order_release);
+  wakeDecoder();
 }
 
 bool Channel::pause() {
@@ -87,31 +94,65 @@ void Channel::stop() {
   }
 }
 
-DWORD Channel::activity() const noexcept {
+DWORD Channel::activity(std::uint64_t heardFrame) const noexcept {
   switch (state_.load(std::memory_order_acquire)) {
     case Playing:
       return BASS_ACTIVE_PLAYING;
     case Paused:
       return BASS_ACTIVE_PAUSED;
+    case Ended:
+      return heardFrame < endFrame_.load(std::memory_order_acquire) ? BASS_ACTIVE_PLAYING
+                                                                    : BASS_ACTIVE_STOPPED;
     default:
       return BASS_ACTIVE_STOPPED;
   }
 }
 
-std::uint64_t Channel::position() const noexcept {
-  return position_.load(std::memory_order_relaxed);
+// Until the output has taken a seek, what is heard of the channel is still
+// on the way to the new place: the place is the answer.
+std::uint64_t Channel::position(std::uint64_t heardFrame) const noexcept {
+  PositionTrail::Heard heard;
+  if (!trail_.at(heardFrame, seekGeneration_.load(std::memory_order_acquire), heard))
+    return seekTarget_.load(std::memory_order_relaxed);
+  return heard.position;
+}
+
+void Channel::heardSamples(float* interleaved, std::size_t frames,
+                           std::uint64_t heardFrame) const noexcept {
+  const std::uint64_t written = recent_.written();
+  PositionTrail::Heard heard;
+  std::uint64_t skip = 0;
+  if (trail_.at(heardFrame, seekGeneration_.load(std::memory_order_acquire), heard))
+    skip = written - std::min(heard.recent, written);
+  skip = std::min<std::uint64_t>(skip, kRecentFrames - frames);
+  recent_.newest(interleaved, frames, static_cast<std::size_t>(skip));
 }
 
 bool Channel::setPosition(std::uint64_t frame) {
   if (frame > lengthFrames_) return false;
-  seekTarget_.store(frame, std::memory_order_relaxed);
-  seekGeneration_.fetch_add(1, std::memory_order_release);
-  position_.store(frame, std::memory_order_relaxed);
+  seekTo(frame, false);
   // A channel that ended waits at the new position for the next play.
   int expected = Ended;
   state_.compare_exchange_strong(expected, Stopped, std::memory_order_acq_rel);
-  wakeDecoder();
   return true;
+}
+
+// A channel that ended keeps its end: the output threw away the rest of it.
+bool Channel::rewind(std::uint64_t heardFrame) {
+  const int state = state_.load(std::memory_order_acquire);
+  if (state == Ended) return false;
+  const std::uint64_t heard = position(heardFrame);
+  if (heard >= position_.load(std::memory_order_relaxed)) return false;
+  seekTo(heard, state != Playing);
+  return true;
+}
+
+void Channel::seekTo(std::uint64_t frame, bool fade) {
+  seekTarget_.store(frame, std::memory_order_relaxed);
+  seekFades_.store(fade, std::memory_order_relaxed);
+  seekGeneration_.fetch_add(1, std::memory_order_release);
+  position_.store(frame, std::memory_order_relaxed);
+  wakeDecoder();
 }
 
 void Channel::wakeDecoder() {
@@ -140,7 +181,9 @@ bool Channel::fillBlock(AudioBlock& block, std::uint64_t& nextFrame,
 }
 
 void Channel::decodeLoop(std::stop_token stop) {
-  std::uint32_t generation = seekGeneration_.load(std::memory_order_acquire);
+  // Generation 0 starts at frame 0. A seek made before this thread ran is
+  // a later generation, so the loop below takes it.
+  std::uint32_t generation = 0;
   std::uint64_t nextFrame = 0;
   bool atEnd = false;
   bool seekFailed = false;
@@ -163,21 +206,35 @@ void Channel::decodeLoop(std::stop_token stop) {
           atEnd = fillBlock(*block, nextFrame, generation);
         }
         queue_.commitWrite();
-        // An offline output waits only on an empty queue and is woken when
-        // the queue fills to half (or the end comes), for the same reason it
-        // wakes this thread only at half: few switches between the threads.
-        if (atEnd || queue_.size() == queue_.capacity() / 2) {
-          { std::lock_guard lock(mutex_); }
-          dataReady_.notify_one();
-        }
+        tellOutput(atEnd);
         continue;
       }
     }
-    std::unique_lock lock(mutex_);
-    wakeDecoder_.wait_for(lock, stop, untilHalfPlayed(), [&] {
+    const auto due = [&] {
       return seekGeneration_.load(std::memory_order_acquire) != generation ||
              (!atEnd && queue_.size() <= queue_.capacity() / 2);
-    });
+    };
+    std::unique_lock lock(mutex_);
+    // A channel that does not play takes nothing from the queue: the thread
+    // sleeps until a seek, a play or the end of the channel wakes it.
+    if (state_.load(std::memory_order_acquire) == Playing)
+      wakeDecoder_.wait_for(lock, stop, untilHalfPlayed(), due);
+    else
+      wakeDecoder_.wait(lock, stop,
+                        [&] { return due() || state_.load(std::memory_order_acquire) == Playing; });
+  }
+}
+
+// An offline output waits only on an empty queue and is woken when the queue
+// fills to half (or the end comes), for the same reason it wakes this thread
+// only at half: few switches between the threads. A real-time output that
+// waits for a decoder just started is woken by its first block.
+void Channel::tellOutput(bool atEnd) {
+  std::atomic_thread_fence(std::memory_order_seq_cst);
+  if (atEnd || queue_.size() == queue_.capacity() / 2 ||
+      outputWaits_.load(std::memory_order_relaxed)) {
+    { std::lock_guard lock(mutex_); }
+    dataReady_.notify_one();
   }
 }
 
@@ -193,9 +250,16 @@ std::chrono::milliseconds Channel::untilHalfPlayed() const noexcept {
 
 // ---- Output thread ----
 
-bool Channel::waitForData() noexcept {
+bool Channel::waitForData(bool offline) noexcept {
+  if (!offline) {
+    outputWaits_.store(true, std::memory_order_relaxed);
+    std::atomic_thread_fence(std::memory_order_seq_cst);
+  }
   std::unique_lock lock(mutex_);
-  return dataReady_.wait_for(lock, kOfflineWait, [&] { return !queue_.empty(); });
+  const bool ready = dataReady_.wait_for(lock, offline ? kOfflineWait : kPrimeWait,
+                                         [&] { return !queue_.empty(); });
+  outputWaits_.store(false, std::memory_order_relaxed);
+  return ready;
 }
 
 // An offline output wakes the decoder only once half the queue is free, so
@@ -213,7 +277,7 @@ std::size_t Channel::pullSource(float* out, std::size_t frames, bool offline) no
   while (done < frames) {
     AudioBlock* block = queue_.front();
     if (block == nullptr) {
-      if (offline && waitForData()) continue;
+      if ((offline || primeLeft_ > 0) && waitForData(offline)) continue;
       break;
     }
     if (block->generation != consumerGeneration_) {
@@ -263,15 +327,19 @@ void Channel::runEffects(float* samples, std::size_t frames) noexcept {
   }
 }
 
+void Channel::takeSeek() noexcept {
+  const auto generation = seekGeneration_.load(std::memory_order_acquire);
+  if (generation == consumerGeneration_) return;
+  consumerGeneration_ = generation;
+  blockOffset_ = 0;
+  sourceFrames_ = 0;
+  sourceOffset_ = 0;
+  if (resampler_) resampler_->reset();
+  if (seekFades_.load(std::memory_order_relaxed)) ramp_ = 1.0f;
+  primeLeft_ = primeFrames_;
+}
+
 std::size_t Channel::renderAtOutputRate(float* out, std::size_t frames, bool offline) noexcept {
-  if (const auto generation = seekGeneration_.load(std::memory_order_acquire);
-      generation != consumerGeneration_) {
-    consumerGeneration_ = generation;
-    blockOffset_ = 0;
-    sourceFrames_ = 0;
-    sourceOffset_ = 0;
-    if (resampler_) resampler_->reset();
-  }
   if (!resampler_) return pullSource(out, frames, offline);
   const auto chans = static_cast<std::size_t>(channels_);
   std::size_t done = 0;
@@ -320,18 +388,31 @@ void Channel::addWithRamp(const float* native, std::size_t frames, float* stereo
   }
 }
 
-void Channel::mixInto(float* stereo, std::size_t frames, bool offline) noexcept {
+Channel::Mix Channel::mixInto(float* stereo, std::size_t frames, bool offline,
+                              std::uint64_t outputFrame) noexcept {
+  takeSeek();
   const int state = state_.load(std::memory_order_acquire);
   if (state == Ended) ramp_ = 0.0f;
-  if (state != Playing && ramp_ == 0.0f) return;
+  if (state != Playing && ramp_ == 0.0f) return Mix::Silent;
   if (state != Playing) {
     // Fading out: take only what the fade still needs, so a paused channel's
     // position stops where its sound stopped.
     const auto left = static_cast<std::size_t>(std::ceil(ramp_ / rampStep_));
     frames = std::min(frames, left);
+  } else if (ramp_ == 0.0f) {
+    primeLeft_ = primeFrames_;
   }
+  const std::uint64_t from = position_.load(std::memory_order_relaxed);
   const std::size_t made = renderAtOutputRate(native_.data(), frames, offline);
+  primeLeft_ -= std::min(primeLeft_, made);
   addWithRamp(native_.data(), made, stereo);
+  if (made > 0)
+    trail_.add({outputFrame, outputFrame + made, from, position_.load(std::memory_order_relaxed),
+                recent_.written(), consumerGeneration_});
+  if (state == Playing && state_.load(std::memory_order_acquire) == Ended)
+    endFrame_.store(outputFrame + made, std::memory_order_release);
+  if (state_.load(std::memory_order_acquire) == Playing || ramp_ > 0.0f) return Mix::Sounding;
+  return made > 0 ? Mix::Ending : Mix::Silent;
 }
 
 }  // namespace yarvo::audio

@@ -74,6 +74,7 @@ CubebOutput::~CubebOutput() {
 }
 
 bool CubebOutput::start(AudioSource& source) {
+  if (running_) return true;
   source_ = &source;
   running_ = cubeb_stream_start(stream_) == CUBEB_OK;
   if (running_)

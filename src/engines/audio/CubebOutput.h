@@ -1,7 +1,8 @@
 #pragma once
-// The desktop's sound server through libcubeb (PulseAudio, JACK or ALSA, the
-// first that works): float stereo at the device's preferred rate, about 20 ms
-// of latency so that a slider is heard at once.
+// Where no PulseAudio server runs, JACK or ALSA through libcubeb (the first
+// that works): float stereo at the device's preferred rate, about 20 ms of
+// latency, since nothing it holds can be discarded: what it holds is heard
+// at once anyway.
 //
 // If the device fails while playing (the server restarts, a headset is
 // pulled), a watchdog thread hands the source to a NullOutput, so positions
@@ -31,6 +32,7 @@ class CubebOutput final : public AudioOutput {
   int rate() const noexcept override { return rate_; }
   bool start(AudioSource& source) override;
   void stop() noexcept override;
+  bool lost() const noexcept override { return failed_.load(std::memory_order_acquire); }
 
   // Use open().
   CubebOutput(cubeb* context, int rate);
@@ -43,7 +45,6 @@ class CubebOutput final : public AudioOutput {
   cubeb* context_;
   cubeb_stream* stream_ = nullptr;
   int rate_;
-  AudioSource* source_ = nullptr;
   bool running_ = false;
   // Set from cubeb's thread when the stream reports an error; from then on
   // the data callback renders nothing.

@@ -57,22 +57,47 @@ void Mixer::detach(Channel& channel) {
   std::erase(channels_, &channel);
 }
 
-void Mixer::render(float* stereo, std::size_t frames) noexcept {
+// Stops after the block in which the last channel fell silent, or before a
+// block to which none added anything: the output need not keep what follows,
+// and those frames are not counted.
+std::size_t Mixer::render(float* stereo, std::size_t frames) noexcept {
   const FlushDenormals flush;
-  while (frames > 0) {
-    const std::size_t n = std::min(frames, Channel::kMaxRenderFrames);
-    renderBlock(stereo, n);
-    stereo += 2 * n;
-    frames -= n;
+  std::size_t done = 0;
+  bool sounding = true;
+  while (done < frames && sounding) {
+    const std::size_t n = std::min(frames - done, Channel::kMaxRenderFrames);
+    if (!renderBlock(stereo + 2 * done, n, sounding)) break;
+    done += n;
   }
+  std::fill(stereo + 2 * done, stereo + 2 * frames, 0.0f);
+  return sounding ? frames : done;
 }
 
-void Mixer::renderBlock(float* stereo, std::size_t frames) noexcept {
+bool Mixer::renderBlock(float* stereo, std::size_t frames, bool& sounding) noexcept {
   std::fill_n(stereo, 2 * frames, 0.0f);
+  bool added = false;
+  sounding = false;
   {
     std::lock_guard lock(mutex_);
-    for (Channel* channel : channels_) channel->mixInto(stereo, frames, offline_);
+    const std::uint64_t first = rendered_.load(std::memory_order_relaxed);
+    for (Channel* channel : channels_) {
+      const Channel::Mix mix = channel->mixInto(stereo, frames, offline_, first);
+      added = added || mix != Channel::Mix::Silent;
+      sounding = sounding || mix == Channel::Mix::Sounding;
+    }
+    if (!added) return false;
+    // Counted under the lock: a channel attached now starts its record of
+    // output frames where this block ends.
+    rendered_.store(first + frames, std::memory_order_release);
   }
+  // After the limiter, so that it acts the same whether the volume is
+  // applied here or by the sound server.
+  limiter_.process(stereo, frames);
+  applyVolume(stereo, frames);
+  return true;
+}
+
+void Mixer::applyVolume(float* stereo, std::size_t frames) noexcept {
   const float target = volume_.load(std::memory_order_relaxed);
   if (currentVolume_ < 0.0f) currentVolume_ = target;
   std::size_t f = 0;
@@ -87,7 +112,6 @@ void Mixer::renderBlock(float* stereo, std::size_t frames) noexcept {
   // Settled: one factor for the rest, none at all at full volume.
   if (target != 1.0f)
     for (std::size_t i = 2 * f; i < 2 * frames; ++i) stereo[i] *= target;
-  limiter_.process(stereo, frames);
 }
 
 }  // namespace yarvo::audio

@@ -1,6 +1,7 @@
 #pragma once
-// Sums the playing channels, applies the global stream volume and the limiter,
-// and hands the result to the output.
+// Sums the playing channels, applies the limiter and then the global stream
+// volume (unless the output applies the volume itself), and hands the result
+// to the output.
 //
 // Lock: one std::mutex guards the list of channels. The output thread holds it
 // for the mixing of one block (at most 512 frames, well under a millisecond);
@@ -34,16 +35,22 @@ class Mixer final : public AudioSource {
   // Linear, 0..1; reached within about 10 ms without zipper noise.
   void setVolume(float volume) noexcept { volume_.store(volume, std::memory_order_relaxed); }
 
-  void render(float* stereo, std::size_t frames) noexcept override;
+  std::size_t render(float* stereo, std::size_t frames) noexcept override;
+  std::uint64_t renderedFrames() const noexcept override {
+    return rendered_.load(std::memory_order_acquire);
+  }
 
  private:
-  void renderBlock(float* stereo, std::size_t frames) noexcept;
+  // False when no channel added anything.
+  bool renderBlock(float* stereo, std::size_t frames, bool& sounding) noexcept;
+  void applyVolume(float* stereo, std::size_t frames) noexcept;
 
   const int rate_;
   const bool offline_;
   std::mutex mutex_;
   std::vector<Channel*> channels_;
   std::atomic<float> volume_{1.0f};
+  std::atomic<std::uint64_t> rendered_{0};
 
   // Output thread only.
   float currentVolume_ = -1.0f;

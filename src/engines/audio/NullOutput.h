@@ -1,10 +1,13 @@
 #pragma once
 // An output without a device: a thread of its own pulls one 10 ms period at a
 // time on a steady clock, so playback advances exactly as it would through a
-// sound card, and the audio is thrown away.
+// sound card, and the audio is thrown away. While nothing sounds the thread
+// sleeps until start() is called again.
 
 #include "engines/audio/AudioOutput.h"
 
+#include <condition_variable>
+#include <mutex>
 #include <thread>
 #include <vector>
 
@@ -20,8 +23,15 @@ class NullOutput final : public AudioOutput {
   void stop() noexcept override;
 
  private:
+  void run(std::stop_token stop);
+
   int rate_;
   std::vector<float> buffer_;
+  std::mutex mutex_;
+  std::condition_variable_any wake_;
+  // Counts start() calls: a call that comes while the thread finds nothing
+  // to play is not missed.
+  std::uint64_t starts_ = 0;
   std::jthread thread_;
 };
 

@@ -34,9 +34,11 @@ void RecentSamples::append(const float* interleaved, std::size_t frames) noexcep
   written_.store(written + frames, std::memory_order_release);
 }
 
-void RecentSamples::newest(float* interleaved, std::size_t frames) const noexcept {
+void RecentSamples::newest(float* interleaved, std::size_t frames,
+                           std::size_t skip) const noexcept {
   const auto chans = static_cast<std::size_t>(channels_);
-  const std::uint64_t end = written_.load(std::memory_order_acquire);
+  const std::uint64_t written = written_.load(std::memory_order_acquire);
+  const std::uint64_t end = written - std::min<std::uint64_t>(skip, written);
   // Frames before the first ever written are silence.
   const std::size_t missing = end >= frames ? 0 : frames - static_cast<std::size_t>(end);
   std::fill_n(interleaved, missing * chans, 0.0f);

@@ -23,9 +23,15 @@ class RecentSamples {
   // Output thread.
   void append(const float* interleaved, std::size_t frames) noexcept;
 
-  // Interface thread: the newest `frames` frames, oldest first, zeros where
-  // nothing was heard yet. `frames` is at most the capacity given.
-  void newest(float* interleaved, std::size_t frames) const noexcept;
+  // Frames appended so far.
+  [[nodiscard]] std::uint64_t written() const noexcept {
+    return written_.load(std::memory_order_acquire);
+  }
+
+  // Interface thread: the `frames` frames that end `skip` frames before the
+  // newest, oldest first, zeros where nothing was written yet. `frames` +
+  // `skip` is at most the capacity given.
+  void newest(float* interleaved, std::size_t frames, std::size_t skip = 0) const noexcept;
 
  private:
   std::size_t capacity_;

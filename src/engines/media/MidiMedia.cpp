@@ -28,11 +28,10 @@ std::optional<MidiSong> readSong(const std::string& path) {
 
 }  // namespace
 
-MidiMedia::MidiMedia(MidiSong song, std::unique_ptr<FluidSynth> synth, int device,
+MidiMedia::MidiMedia(MidiSong song, std::unique_ptr<FluidSynth> synth,
                      std::unique_ptr<audio::AudioOutput> output)
     : synth_(std::move(synth)),
       sequencer_(std::move(song), *synth_, output->rate()),
-      device_(device),
       output_(std::move(output)) {}
 
 MidiMedia::~MidiMedia() = default;
@@ -53,41 +52,26 @@ MciError MidiMedia::open(const std::string& path, const MciServiceOptions& optio
   if (!synth) {
     return MciError::EngineFailed;
   }
-  media =
-      std::make_unique<MidiMedia>(std::move(*song), std::move(synth), device, std::move(output));
+  media = std::make_unique<MidiMedia>(std::move(*song), std::move(synth), std::move(output));
   return MciError::None;
 }
 
+// Paused, the song goes back to what was heard, so that it goes on from
+// there; the output, given nothing, rests.
 bool MidiMedia::setPaused(bool paused) {
+  sequencer_.setPaused(paused);
   if (paused) {
-    output_->stop();
-    running_ = false;
+    output_->discard([this](std::uint64_t heardFrame) {
+      if (heardFrame != audio::AudioOutput::kAllHeard)
+        sequencer_.seek(sequencer_.heardPosition(heardFrame));
+    });
     return true;
   }
-  if (!running_) {
-    running_ = output_->start(sequencer_);
-    started_ = started_ || running_;
-  }
-  return running_;
+  return output_->start(sequencer_);
 }
 
 void MidiMedia::seek(double seconds) {
-  output_->stop();
-  running_ = false;
-  sequencer_.seek(seconds);
-  if (started_) {
-    replaceOutput();
-  }
-}
-
-// The sound that an output has taken but not yet played belongs before the
-// seek: a fresh output starts empty. It must keep the synthesizer's rate.
-void MidiMedia::replaceOutput() {
-  auto fresh = audio::makeOutput(device_, kWishedRate);
-  if (fresh->rate() == output_->rate()) {
-    output_ = std::move(fresh);
-    started_ = false;
-  }
+  output_->discard([this, seconds](std::uint64_t) { sequencer_.seek(seconds); });
 }
 
 bool MidiMedia::setPlaybackEnd(std::optional<double> seconds) {
@@ -108,8 +92,11 @@ bool MidiMedia::setChannelGains(double left, double right) {
   return true;
 }
 
+// The volume is the output's where it can apply it to what it holds at once;
+// the balance is always the sequencer's.
 void MidiMedia::applyGains() {
-  sequencer_.setGains(static_cast<float>(volume_ * left_), static_cast<float>(volume_ * right_));
+  const double level = output_->setVolume(static_cast<float>(volume_)) ? 1.0 : volume_;
+  sequencer_.setGains(static_cast<float>(level * left_), static_cast<float>(level * right_));
 }
 
 }  // namespace yarvo

@@ -16,9 +16,9 @@ namespace yarvo {
 // MidiSequencer on a FluidSynth synthesizer with the system's General MIDI
 // sound font, and heard through the audio library's output: the desktop's
 // sound server, or an output that keeps real-time pace without a sound.
-// Pausing stops the output, so the sound stops with it; a seek starts a
-// fresh one, so nothing from before the seek is heard after it. Sound alone:
-// no picture, speed 1.
+// Pausing and seeking throw away what the output holds and was not heard
+// yet, so both are heard at once; position and end are what is heard. Sound
+// alone: no picture, speed 1.
 class MidiMedia final : public PlayingMedia {
  public:
   // Fails with NoSoundFont when the options' folder holds no General MIDI
@@ -27,15 +27,13 @@ class MidiMedia final : public PlayingMedia {
   static MciError open(const std::string& path, const MciServiceOptions& options,
                        std::unique_ptr<PlayingMedia>& media);
 
-  // `device` is the audio library's number of the device that `output`
-  // plays on.
-  MidiMedia(MidiSong song, std::unique_ptr<FluidSynth> synth, int device,
+  MidiMedia(MidiSong song, std::unique_ptr<FluidSynth> synth,
             std::unique_ptr<audio::AudioOutput> output);
   ~MidiMedia() override;
 
   std::optional<double> length() override { return sequencer_.length(); }
-  double position() override { return sequencer_.position(); }
-  bool atEnd() override { return sequencer_.ended(); }
+  double position() override { return sequencer_.heardPosition(output_->heardFrame()); }
+  bool atEnd() override { return sequencer_.heardEnd(output_->heardFrame()); }
   std::optional<MediaPicture> picture() const override { return std::nullopt; }
   double speed() override { return 1.0; }
 
@@ -46,17 +44,13 @@ class MidiMedia final : public PlayingMedia {
   bool setChannelGains(double left, double right) override;
 
  private:
-  void replaceOutput();
   void applyGains();
 
   std::unique_ptr<FluidSynth> synth_;
   MidiSequencer sequencer_;
-  int device_;
   // Declared after the sequencer and the synthesizer, so that it stops
   // pulling before they go.
   std::unique_ptr<audio::AudioOutput> output_;
-  bool running_ = false;
-  bool started_ = false;  // since the output was made: it may hold sound back
   double volume_ = 1.0;   // on mpv's curve: the cube of the level
   double left_ = 1.0;
   double right_ = 1.0;

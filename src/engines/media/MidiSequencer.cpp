@@ -42,18 +42,34 @@ std::int64_t MidiSequencer::nextEventFrame() const {
   return next_ < eventFrames_.size() ? eventFrames_[next_] : lengthFrames_;
 }
 
-double MidiSequencer::position() const {
-  std::lock_guard lock(mutex_);
-  return static_cast<double>(position_) / rate_;
+std::int64_t MidiSequencer::heardFrameOfSong(std::uint64_t heardFrame) const {
+  audio::PositionTrail::Heard heard;
+  return trail_.at(heardFrame, generation_, heard) ? static_cast<std::int64_t>(heard.position)
+                                                   : position_;
 }
 
-bool MidiSequencer::ended() const {
+double MidiSequencer::heardPosition(std::uint64_t heardFrame) const {
   std::lock_guard lock(mutex_);
-  return ended_;
+  return static_cast<double>(heardFrameOfSong(heardFrame)) / rate_;
 }
 
-void MidiSequencer::render(float* stereo, std::size_t frames) noexcept {
+bool MidiSequencer::heardEnd(std::uint64_t heardFrame) const {
   std::lock_guard lock(mutex_);
+  return ended_ && heardFrameOfSong(heardFrame) >= position_;
+}
+
+void MidiSequencer::setPaused(bool paused) {
+  std::lock_guard lock(mutex_);
+  paused_ = paused;
+}
+
+std::size_t MidiSequencer::render(float* stereo, std::size_t frames) noexcept {
+  std::lock_guard lock(mutex_);
+  if (paused_) {
+    std::fill(stereo, stereo + 2 * frames, 0.0f);
+    return 0;
+  }
+  const std::int64_t from = position_;
   std::size_t done = 0;
   while (done < frames) {
     auto chunk = static_cast<std::int64_t>(frames - done);
@@ -75,7 +91,14 @@ void MidiSequencer::render(float* stereo, std::size_t frames) noexcept {
     synth_.write(stereo + 2 * done, static_cast<std::size_t>(chunk));
     done += static_cast<std::size_t>(chunk);
   }
-  scale(stereo, frames);
+  scale(stereo, done);
+  if (done > 0) {
+    const std::uint64_t first = rendered_.load(std::memory_order_relaxed);
+    trail_.add({first, first + done, static_cast<std::uint64_t>(from),
+                static_cast<std::uint64_t>(position_), 0, generation_});
+    rendered_.store(first + done, std::memory_order_release);
+  }
+  return done;
 }
 
 void MidiSequencer::playDueEvents() {
@@ -120,6 +143,7 @@ void MidiSequencer::seek(double seconds) {
     synth_.send(event, song_.sysex);
   }
   position_ = target;
+  ++generation_;
   ended_ = false;
   fadingLeft_ = 0;
   if (target >= endFrame_) {

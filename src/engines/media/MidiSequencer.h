@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <mutex>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "engines/audio/AudioOutput.h"
+#include "engines/audio/PositionTrail.h"
 #include "engines/media/FluidSynth.h"
 #include "engines/media/MidiFile.h"
 
@@ -15,7 +17,9 @@ namespace yarvo {
 // Plays a song on a synthesizer as an output pulls its sound: each message
 // goes to the synthesizer at its own frame of the output (FluidSynth starts
 // it at its next 64-frame block), so the position is the count of frames
-// rendered and never drifts from the sound.
+// rendered and never drifts from the sound. What an output heard is found
+// on the trail of rendered blocks, since a sound server holds some before
+// they sound.
 //
 // At the end (of the song, or the one `setEnd` gave) the sounding notes are
 // let go, the position stays there and the synthesizer renders the notes'
@@ -31,12 +35,19 @@ class MidiSequencer final : public audio::AudioSource {
   // `rate` is the synthesizer's and the output's frames a second.
   MidiSequencer(MidiSong song, FluidSynth& synth, int rate);
 
-  void render(float* stereo, std::size_t frames) noexcept override;
+  std::size_t render(float* stereo, std::size_t frames) noexcept override;
+  std::uint64_t renderedFrames() const noexcept override {
+    return rendered_.load(std::memory_order_acquire);
+  }
 
   double length() const { return song_.length; }
-  double position() const;  // seconds
-  bool ended() const;
+  // Seconds into the song, and whether its end was heard, at the output's
+  // frame `heardFrame`.
+  double heardPosition(std::uint64_t heardFrame) const;
+  bool heardEnd(std::uint64_t heardFrame) const;
 
+  // Paused, it renders silence and counts nothing, so an output may rest.
+  void setPaused(bool paused);
   void seek(double seconds);
   // Nothing for the end of the song.
   void setEnd(std::optional<double> seconds);
@@ -49,6 +60,7 @@ class MidiSequencer final : public audio::AudioSource {
   void playDueEvents();
   void finish();
   void scale(float* stereo, std::size_t frames) const;
+  std::int64_t heardFrameOfSong(std::uint64_t heardFrame) const;
 
   MidiSong song_;
   std::vector<std::int64_t> eventFrames_;  // of each event of the song
@@ -64,6 +76,11 @@ class MidiSequencer final : public audio::AudioSource {
   std::int64_t fadingLeft_ = 0;  // frames still rendered after the end
   float leftGain_ = 1.0f;
   float rightGain_ = 1.0f;
+  bool paused_ = false;
+  std::uint64_t generation_ = 0;  // of seeks, for the trail
+
+  std::atomic<std::uint64_t> rendered_{0};
+  audio::PositionTrail trail_;
 };
 
 }  // namespace yarvo

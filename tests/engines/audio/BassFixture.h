@@ -35,13 +35,20 @@ class BassFixture : public ::testing::Test {
   int outputRate_ = 44100;
   CaptureOutput::Pace pace_ = CaptureOutput::Pace::Manual;
 
-  void SetUp() override {
+  void SetUp() override { ASSERT_TRUE(reopen(outputRate_, pace_)); }
+
+  // Frees the library and starts it again on a new capture output. (A plain
+  // BASS_Free and BASS_Init keep the output.)
+  bool reopen(int rate, CaptureOutput::Pace pace) {
+    BASS_Free();
+    outputRate_ = rate;
+    pace_ = pace;
     setOutputFactory([this](int, int) {
       auto output = std::make_unique<CaptureOutput>(outputRate_, pace_);
       capture_ = output.get();
       return output;
     });
-    ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+    return BASS_Init(-1, 44100, 0, nullptr, nullptr) != 0;
   }
 
   void TearDown() override {

@@ -8,7 +8,7 @@ namespace yarvo::audio::test {
 
 bool CaptureOutput::start(AudioSource& source) {
   source_ = &source;
-  if (pace_ == Pace::RealTime) {
+  if (pace_ == Pace::RealTime && !thread_.joinable()) {
     thread_ = std::jthread([this](std::stop_token stop) {
       using Clock = std::chrono::steady_clock;
       const std::size_t frames = static_cast<std::size_t>(rate_ / 100);

@@ -32,7 +32,6 @@ class CaptureOutput final : public AudioOutput {
  private:
   int rate_;
   Pace pace_;
-  AudioSource* source_ = nullptr;
   std::mutex mutex_;
   std::vector<float> captured_;
   std::jthread thread_;

@@ -23,9 +23,7 @@ std::array<float, 1024> spectrumOf(DWORD handle) {
 TEST_F(ChannelDataTest, SpectrumOfAFullScaleSinePeaksAtItsBinOnAnyOutputRate) {
   for (const int rate : {44100, 48000}) {
     SCOPED_TRACE(rate);
-    BASS_Free();
-    outputRate_ = rate;
-    ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+    ASSERT_TRUE(reopen(rate, pace_));
     const HSTREAM stream = openWav(sine(1000.0, 1.0, 2.0), true);
     auto fft = spectrumOf(stream);
     EXPECT_EQ(*std::max_element(fft.begin(), fft.end()), 0.0f) << "nothing heard yet";

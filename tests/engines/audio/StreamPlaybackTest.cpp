@@ -60,9 +60,7 @@ TEST_P(StreamFormatTest, PlaysTheToneAtItsLevelToTheExactLengthAndInRealTime) {
   // A clean tone: the second harmonic stays far below it.
   EXPECT_LT(toneAmplitude(out, 0, 2000.0, 44100, 44100, 44100), level * 0.01);
 
-  BASS_Free();
-  pace_ = CaptureOutput::Pace::RealTime;
-  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+  ASSERT_TRUE(reopen(outputRate_, CaptureOutput::Pace::RealTime));
   const HSTREAM live = openStream(path);
   ASSERT_TRUE(BASS_ChannelPlay(live, BASS_FALSE));
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
@@ -149,9 +147,7 @@ TEST_F(OtherStreamTest, ManyChannelsAreMixedToBothSides) {
 // A 44.1 kHz file on a 48 kHz output: same pitch, same level, same length in
 // the file's own bytes.
 TEST_F(OtherStreamTest, ResamplingKeepsPitchLevelAndLengthOnAnotherOutputRate) {
-  BASS_Free();
-  outputRate_ = 48000;
-  ASSERT_TRUE(BASS_Init(-1, 44100, 0, nullptr, nullptr));
+  ASSERT_TRUE(reopen(48000, pace_));
   const HSTREAM stream = openWav(sine(1000.0, 0.25, 2.0));
   ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
   const std::vector<float> out = renderToEnd(stream, 5.0);
