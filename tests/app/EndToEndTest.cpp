@@ -16,10 +16,11 @@
 #include <thread>
 #include <vector>
 
+#include "Ear.h"
+#include "Hand.h"
 #include "PlayerProcess.h"
 #include "ScreenPixels.h"
 #include "XServer.h"
-#include "support/SoundAnalysis.h"
 #include "support/SoundServer.h"
 
 namespace yarvo {
@@ -29,8 +30,8 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using namespace test;
 
-constexpr int kLeft = 100, kTop = 100;            // the main window
-constexpr int kListLeft = 520, kListTop = 100;    // the playlist window
+constexpr int kLeft = 100, kTop = 100;          // the main window
+constexpr int kListLeft = 520, kListTop = 100;  // the playlist window
 constexpr double kFirstHalf[] = {330, 440, 550, 660, 770};
 constexpr double kSecondHalf[] = {1210, 1320, 1430, 1540, 1650};
 
@@ -50,14 +51,15 @@ class EndToEnd : public ::testing::Test {
   void SetUp() override {
     if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
     if (!sound.Ready()) GTEST_SKIP() << "no private PulseAudio server here";
-    if (std::system("command -v xdotool >/dev/null && command -v openbox >/dev/null") != 0)
+    if (!Hand::Available() || std::system("command -v openbox >/dev/null") != 0)
       GTEST_SKIP() << "no xdotool or openbox";
     windowManager = std::make_unique<ChildProcess>(
         std::vector<std::string>{"env", "DISPLAY=" + x.display(), "openbox"});
     // Five songs of 20 s: one tone the first half, another the second.
     // The last one's name is Latin-1, as old collections have them.
     for (int i = 0; i < 5; ++i) {
-      songs.push_back(folder / ("Song " + std::to_string(i + 1) + (i == 4 ? " caf\xE9" : "") + ".mp3"));
+      songs.push_back(folder /
+                      ("Song " + std::to_string(i + 1) + (i == 4 ? " caf\xE9" : "") + ".mp3"));
       const std::string make =
           "ffmpeg -loglevel error -y -f lavfi -i \"aevalsrc=exprs='0.4*sin(2*PI*if(lt(t,10)," +
           std::to_string(kFirstHalf[i]) + "," + std::to_string(kSecondHalf[i]) +
@@ -80,25 +82,7 @@ class EndToEnd : public ::testing::Test {
     std::string settings;
     for (const auto& line : lines) settings += line + "\r\n";
     WriteBytes(folder / "settings.ini", settings);
-    recorder = sound.Record(recording);
-  }
-
-  void Xdo(const std::string& arguments) const {
-    ASSERT_EQ(std::system(("DISPLAY=" + x.display() + " xdotool " + arguments).c_str()), 0)
-        << arguments;
-  }
-  static std::string At(int sx, int sy) { return std::to_string(sx) + " " + std::to_string(sy); }
-  void Click(int sx, int sy, const std::string& how = "click 1") const {
-    Xdo("mousemove " + At(sx, sy) + " " + how);
-  }
-  void Drag(int fromX, int fromY, int toX, int toY) const {
-    Xdo("mousemove " + At(fromX, fromY) + " mousedown 1");
-    for (int step = 1; step <= 8; ++step) {
-      Xdo("mousemove " + At(fromX + (toX - fromX) * step / 8, fromY + (toY - fromY) * step / 8));
-      std::this_thread::sleep_for(40ms);  // a hand's pace: a drop target answers each step
-    }
-    Xdo("mouseup 1");
-    std::this_thread::sleep_for(300ms);
+    ear = std::make_unique<Ear>(sound, home / "heard.raw");
   }
 
   // The main window and the playlist window as the X server has them.
@@ -109,36 +93,20 @@ class EndToEnd : public ::testing::Test {
         return window;
     return std::nullopt;
   }
-  std::optional<XServer::Window> ListWindow() const {
-    return x.Find("Yarvo Player - Playlist");
-  }
-
-  // The strongest tone of the last 0.4 s the sink played, 0 for silence.
-  double Heard() const {
-    const Recording heard = Recording::fromStereo(ReadRecording(recording), SoundServer::kRate);
-    const std::size_t span = heard.at(0.4);
-    if (heard.left.size() < span) return 0;
-    const std::size_t from = heard.left.size() - span;
-    if (level(heard.left, from, span) < 0.02) return 0;
-    return dominantFrequency(heard.left, from, span, SoundServer::kRate);
-  }
-  // Waits for the sink to play `frequency` (within 2 %).
-  bool Hears(double frequency) const {
-    return WaitUntil([&] { return std::abs(Heard() - frequency) < frequency * 0.02; }, 10s);
-  }
+  std::optional<XServer::Window> ListWindow() const { return x.Find("Yarvo Player - Playlist"); }
 
   XServer x;
   SoundServer sound;
   ProgramFolder folder;
   TempDir home;
+  Hand hand{x.display()};
   std::unique_ptr<ChildProcess> windowManager;
-  std::unique_ptr<ChildProcess> recorder;
-  fs::path recording = home / "heard.raw";
+  std::unique_ptr<Ear> ear;
   std::vector<std::string> songs;
 };
 
 TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
-  Player player(folder, home, {}, x.display(), "/tmp/e2e-player.log", sound.PulseServer());
+  Player player(folder, home, {}, x.display(), {}, sound.PulseServer());
   ASSERT_TRUE(WaitUntil([&] { return MainWindow() && ListWindow() && ListWindow()->mapped; }));
   std::this_thread::sleep_for(1500ms);
   auto main = *MainWindow();
@@ -147,8 +115,8 @@ TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
 
   // A double click on the third row plays it.
   const int rowX = list.x + 60, rowY = list.y + 24;  // the list's first row starts here
-  Click(rowX, rowY + 2 * 13 + 6, "click --repeat 2 --delay 80 1");
-  EXPECT_TRUE(Hears(kFirstHalf[2])) << "the third song; heard " << Heard();
+  hand.DoubleClick(rowX, rowY + 2 * 13 + 6);
+  EXPECT_TRUE(ear->Hears(kFirstHalf[2])) << "the third song; heard " << ear->Heard();
   const Pixels playing = Screenshot(x.display());
   int changed = 0;  // the state word's place in the main panel
   for (int y = 54; y < 71; ++y)
@@ -158,12 +126,12 @@ TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
 
   // The transport buttons: next, pause, play, stop.
   const int buttonsX = main.x + main.width - 80 + 4, buttonsY = main.y + 24 + 8;
-  Click(buttonsX + 56, buttonsY + 32);  // next
-  EXPECT_TRUE(Hears(kFirstHalf[3])) << "the fourth song; heard " << Heard();
-  Click(buttonsX + 32, buttonsY + 8);  // pause
-  EXPECT_TRUE(WaitUntil([&] { return Heard() == 0; }, 5s)) << "paused";
-  Click(buttonsX + 32, buttonsY + 28);  // play
-  EXPECT_TRUE(Hears(kFirstHalf[3])) << "resumed";
+  hand.Click(buttonsX + 56, buttonsY + 32);  // next
+  EXPECT_TRUE(ear->Hears(kFirstHalf[3])) << "the fourth song; heard " << ear->Heard();
+  hand.Click(buttonsX + 32, buttonsY + 8);  // pause
+  EXPECT_TRUE(ear->HearsSilence()) << "paused";
+  hand.Click(buttonsX + 32, buttonsY + 28);  // play
+  EXPECT_TRUE(ear->Hears(kFirstHalf[3])) << "resumed";
 
   // A drag of the seek bar's thumb to four fifths plays the second half.
   const int barY = main.y + main.height - 21;
@@ -177,45 +145,46 @@ TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
   };
   const int seekThumb = thumbX(main.x + 8, 209);
   ASSERT_GT(seekThumb, 0) << "the thumb of the seek bar";
-  Drag(seekThumb, barY + 8, main.x + 8 + 7 + 160, barY + 8);
-  EXPECT_TRUE(Hears(kSecondHalf[3])) << "heard " << Heard();
+  hand.Drag(seekThumb, barY + 8, main.x + 8 + 7 + 160, barY + 8);
+  EXPECT_TRUE(ear->Hears(kSecondHalf[3])) << "heard " << ear->Heard();
 
-  Click(buttonsX + 32, buttonsY + 54);  // stop
-  EXPECT_TRUE(WaitUntil([&] { return Heard() == 0; }, 5s)) << "stopped";
+  hand.Click(buttonsX + 32, buttonsY + 54);  // stop
+  EXPECT_TRUE(ear->HearsSilence()) << "stopped";
   std::this_thread::sleep_for(500ms);
   const Pixels stopped = Screenshot(x.display());
   const Pixels idlePicture = ReadPicture(folder / "Skins/Default/yarvoplayer.bmp");
   int differs = 0;
   for (int y = 0; y < 40; y += 4)
     for (int dx = 0; dx < 160; dx += 4)
-      differs += !(stopped.At(main.x + 8 + 136 + dx, main.y + 24 + 48 + y) == idlePicture.At(dx, y));
+      differs +=
+          !(stopped.At(main.x + 8 + 136 + dx, main.y + 24 + 48 + y) == idlePicture.At(dx, y));
   EXPECT_EQ(differs, 0) << "the idle picture is back";
 
   // The volume bar's thumb dragged past its right end.
   const int volumeThumb = thumbX(main.x + 232, 93);
   ASSERT_GT(volumeThumb, 0) << "the thumb of the volume bar";
-  Drag(volumeThumb, barY + 8, main.x + 232 + 200, barY + 8);
+  hand.Drag(volumeThumb, barY + 8, main.x + 232 + 200, barY + 8);
 
   // The window moved by its title bar, then its layout made small and full
   // again by double clicks on the title bar's right end.
-  Drag(main.x + 325, main.y + 8, main.x + 385, main.y + 48);
+  hand.Drag(main.x + 325, main.y + 8, main.x + 385, main.y + 48);
   ASSERT_TRUE(WaitUntil([&] { return MainWindow() && MainWindow()->x == main.x + 60; }, 5s));
   main = *MainWindow();
   EXPECT_EQ(main.y, kTop + 40);
-  Click(main.x + main.width - 90, main.y + 8, "click --repeat 2 --delay 80 1");
+  hand.DoubleClick(main.x + main.width - 90, main.y + 8);
   EXPECT_TRUE(WaitUntil([&] { return MainWindow() && MainWindow()->height == 133; }, 5s))
       << "the small layout";
-  Click(main.x + main.width - 90, main.y + 8, "click --repeat 2 --delay 80 1");
+  hand.DoubleClick(main.x + main.width - 90, main.y + 8);
   EXPECT_TRUE(WaitUntil([&] { return MainWindow() && MainWindow()->height == 235; }, 5s))
       << "the full layout again";
 
   // The playlist sized bigger, its first row dragged to the fourth, and a
   // fifth song dropped on its second row from a file manager.
-  Drag(list.x + list.width - 7, list.y + list.height - 7, list.x + list.width + 73,
-       list.y + list.height + 53);
+  hand.Drag(list.x + list.width - 7, list.y + list.height - 7, list.x + list.width + 73,
+            list.y + list.height + 53);
   ASSERT_TRUE(WaitUntil([&] { return ListWindow()->width == 346; }, 5s));
   list = *ListWindow();
-  Drag(rowX, rowY + 6, rowX, rowY + 3 * 13 + 6);
+  hand.Drag(rowX, rowY + 6, rowX, rowY + 3 * 13 + 6);
   ChildProcess source({"env", "DISPLAY=" + x.display(), YARVO_DRAG_SOURCE, songs[4]}, "/dev/null",
                       "/dev/null");
   ASSERT_TRUE(WaitUntil([&] { return x.Find("Drag source") && x.Find("Drag source")->mapped; }));
@@ -227,7 +196,7 @@ TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
     return row;
   };
   const auto empty = fifthRow();
-  Drag(sourceWindow.x + 40, sourceWindow.y + 30, rowX, rowY + 13 + 6);
+  hand.Drag(sourceWindow.x + 40, sourceWindow.y + 30, rowX, rowY + 13 + 6);
   EXPECT_TRUE(WaitUntil([&] { return fifthRow() != empty; }, 10s)) << "a fifth row is drawn";
 
   player.Close();

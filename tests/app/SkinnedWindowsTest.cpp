@@ -13,6 +13,7 @@
 #include <thread>
 #include <vector>
 
+#include "Hand.h"
 #include "PlayerProcess.h"
 #include "ScreenPixels.h"
 #include "XServer.h"
@@ -30,7 +31,7 @@ class SkinnedWindows : public ::testing::Test {
  protected:
   void SetUp() override {
     if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
-    if (std::system("command -v xdotool >/dev/null") != 0) GTEST_SKIP() << "no xdotool";
+    if (!Hand::Available()) GTEST_SKIP() << "no xdotool";
   }
 
   // Starts the player on the main window with `skin`, volume at 50 and the
@@ -66,14 +67,6 @@ class SkinnedWindows : public ::testing::Test {
     return playlist && playlist->mapped;
   }
 
-  void Xdo(const std::string& arguments) const {
-    ASSERT_EQ(std::system(("DISPLAY=" + x.display() + " xdotool " + arguments).c_str()), 0)
-        << arguments;
-  }
-  void ClickAt(int screenX, int screenY) const {
-    Xdo("mousemove " + std::to_string(screenX) + " " + std::to_string(screenY) + " click 1");
-  }
-
   // The settings line the player wrote when it closed.
   std::string Saved(int line) {
     player->Close();
@@ -84,6 +77,7 @@ class SkinnedWindows : public ::testing::Test {
   }
 
   XServer x;
+  Hand hand{x.display()};
   ProgramFolder folder;
   TempDir home;
   std::unique_ptr<Player> player;
@@ -138,17 +132,11 @@ TEST_F(SkinnedWindows, TheVolumeBarFollowsTheMouseToItsEnds) {
   Start("Default");
   const int barX = kLeft + 232, barY = kTop + kHeight - 21 + 8;
   const int thumb = barX + 46;
-  Xdo("mousemove " + std::to_string(thumb) + " " + std::to_string(barY) + " mousedown 1");
-  for (int step = 1; step <= 5; ++step)
-    Xdo("mousemove " + std::to_string(thumb - 20 * step) + " " + std::to_string(barY));
-  Xdo("mouseup 1");
+  hand.Drag(thumb, barY, thumb - 100, barY);
   EXPECT_EQ(Saved(11), "0") << "dragged to the left end";
 
   Start("Default");
-  Xdo("mousemove " + std::to_string(thumb) + " " + std::to_string(barY) + " mousedown 1");
-  for (int step = 1; step <= 10; ++step)
-    Xdo("mousemove " + std::to_string(thumb + 15 * step) + " " + std::to_string(barY));
-  Xdo("mouseup 1");
+  hand.Drag(thumb, barY, thumb + 150, barY);
   EXPECT_EQ(Saved(11), "100") << "dragged to the right end";
 }
 
@@ -157,28 +145,28 @@ TEST_F(SkinnedWindows, TheVolumeBarFollowsTheMouseToItsEnds) {
 TEST_F(SkinnedWindows, AMenuItemChosenWithTheKeysOrThePointerRunsItsAction) {
   Start("Aluminium");
   const int optionsX = kLeft + 100, optionsY = kTop + 8;
-  ClickAt(optionsX, optionsY);
+  hand.Click(optionsX, optionsY);
   ASSERT_TRUE(WaitUntil([&] { return x.Popup().has_value(); })) << "no popup";
   const auto menu = *x.Popup();
   EXPECT_EQ(menu.x, kLeft + 73);
   EXPECT_EQ(menu.y, kTop + 20);
-  Xdo("key Down Down Down Down Down Down Right Return");
+  hand.Xdo("key Down Down Down Down Down Down Right Return");
   EXPECT_TRUE(WaitUntil([&] { return !PlaylistShows(); })) << "chosen with the keys";
   EXPECT_FALSE(x.Popup().has_value()) << "the menus closed";
 
-  ClickAt(optionsX, optionsY);
+  hand.Click(optionsX, optionsY);
   ASSERT_TRUE(WaitUntil([&] { return x.Popup().has_value(); }));
   const auto again = *x.Popup();
   // Seven items of one height and a separator of 5 pixels, inside a border.
   const int row = (again.height - 2 - 5) / 7;
-  Xdo("mousemove " + std::to_string(again.x + 40) + " " +
-      std::to_string(again.y + 1 + 5 * row + row / 2));
+  hand.Xdo("mousemove " + std::to_string(again.x + 40) + " " +
+           std::to_string(again.y + 1 + 5 * row + row / 2));
   ASSERT_TRUE(WaitUntil([&] {
     const auto popup = x.Popup();
     return popup && popup->id != again.id && popup->x > again.x;
   })) << "the submenu opens when the pointer rests on its item";
   const auto submenu = *x.Popup();
-  ClickAt(submenu.x + 30, submenu.y + 1 + row / 2);
+  hand.Click(submenu.x + 30, submenu.y + 1 + row / 2);
   EXPECT_TRUE(WaitUntil([&] { return PlaylistShows(); })) << "chosen with the pointer";
   player->Close();
   EXPECT_EQ(player->Wait(), 0);

@@ -51,7 +51,7 @@ class MidiMedia final : public PlayingMedia {
   // Declared after the sequencer and the synthesizer, so that it stops
   // pulling before they go.
   std::unique_ptr<audio::AudioOutput> output_;
-  double volume_ = 1.0;   // on mpv's curve: the cube of the level
+  double volume_ = 1.0;  // on mpv's curve: the cube of the level
   double left_ = 1.0;
   double right_ = 1.0;
 };
