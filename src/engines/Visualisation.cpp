@@ -228,9 +228,11 @@ bool SpectrumSurfaceSeen() {
 void ResumeParkedSpectrum() {
   auto& p = program();
   auto& state = modSpectrum();
-  if (!state.parked || !SpectrumSurfaceSeen()) return;
+  if (!state.parked || !SpectrumSurfaceSeen() || p.frmBass().BassON != "True" ||
+      !p.frmBass().ChannelSounds())
+    return;
   state.parked = false;
-  if (p.frmBass().BassON == "True") p.frmBass().tmrSpectrum.Enabled = true;
+  p.frmBass().tmrSpectrum.Enabled = true;
 }
 
 }  // namespace yarvo

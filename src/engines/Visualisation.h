@@ -78,8 +78,9 @@ void UpdateSpectrum();
 // minimised, and the surface itself shown.
 bool SpectrumSurfaceSeen();
 
-// Starts the frames again that stopped while no one could see them, once the
-// surface can be seen and a song plays through the audio engine.
+// Starts the frames again that stopped while no one could see them or the
+// song stood still, once the surface can be seen and a song sounds through
+// the audio engine.
 void ResumeParkedSpectrum();
 
 }  // namespace yarvo

@@ -115,6 +115,11 @@ void frmBass::Pauza() {
 
 void frmBass::ResumeBass() {
   ResumeNext([this] { Bass().BASS_ChannelPlay(Channel(), BASS_FALSE); });
+  ResumeNext([] { ResumeParkedSpectrum(); });
+}
+
+bool frmBass::ChannelSounds() {
+  return Bass().BASS_ChannelIsActive(Channel()) == BASS_ACTIVE_PLAYING;
 }
 
 void frmBass::StopBass() {

@@ -50,6 +50,8 @@ class frmBass : public Form {
 
   void Timer1_Timer();
   void tmrSpectrum_Timer();
+  // Whether the song's channel plays now (not paused, stalled or ended).
+  bool ChannelSounds();
   void StreamLength_Change();
 
  private:

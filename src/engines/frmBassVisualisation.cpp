@@ -13,8 +13,9 @@ namespace yarvo {
 void frmBass::tmrSpectrum_Timer() {
   auto& p = program();
   if (p.Options().Option4.Value) {
-    // No frames while no one can see them: the timer waits for the surface.
-    if (!SpectrumSurfaceSeen()) {
+    // No frames while no one can see them or the song stands still: the
+    // timer waits for the surface and the sound.
+    if (!SpectrumSurfaceSeen() || !ChannelSounds()) {
       modSpectrum().parked = true;
       tmrSpectrum.Enabled = false;
       return;

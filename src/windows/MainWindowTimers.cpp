@@ -38,8 +38,11 @@ void Main::Main_FixWindows_Timer() {
       ResumeNext([&] { player->Caption = "Yarvo Player"; });
       ResumeNext([&] { playlist.ScrollTimer.Enabled = true; });
       ResumeNext([&] { FixImages.Enabled = true; });
+      // A parked spectrum is started again below, when it has something to
+      // show.
       ResumeNext([&] {
-        if (p.frmBass().BassON == "True") p.frmBass().tmrSpectrum.Enabled = true;
+        if (p.frmBass().BassON == "True" && !modSpectrum().parked)
+          p.frmBass().tmrSpectrum.Enabled = true;
       });
     } else {
       ResumeNext([&] { playlist.Hide(); });
