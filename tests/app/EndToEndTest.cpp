@@ -111,6 +111,22 @@ TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
   std::this_thread::sleep_for(1500ms);
   auto main = *MainWindow();
   auto list = *ListWindow();
+
+  // Before any song, the main window has its grip: it sizes the window, and
+  // no smaller than its limits (6100 by 3530 twips in the full layout).
+  const auto grip = [&] { return std::pair{main.x + main.width - 6, main.y + main.height - 6}; };
+  const auto designed = main;
+  hand.Drag(grip().first, grip().second, grip().first + 80, grip().second + 40);
+  ASSERT_TRUE(WaitUntil([&] { return MainWindow()->width == designed.width + 80; }, 5s));
+  EXPECT_EQ(MainWindow()->height, designed.height + 40);
+  main = *MainWindow();
+  hand.Drag(grip().first, grip().second, grip().first - 300, grip().second - 200);
+  EXPECT_TRUE(WaitUntil([&] { return MainWindow()->width == 6100 / 15; }, 5s))
+      << MainWindow()->width;
+  EXPECT_EQ(MainWindow()->height, 3530 / 15);
+  main = *MainWindow();
+  EXPECT_EQ(main.x, designed.x);
+  EXPECT_EQ(main.y, designed.y);
   const Pixels idle = Screenshot(x.display());
 
   // A double click on the third row plays it.
@@ -132,6 +148,11 @@ TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
   EXPECT_TRUE(ear->HearsSilence()) << "paused";
   hand.Click(buttonsX + 32, buttonsY + 28);  // play
   EXPECT_TRUE(ear->Hears(kFirstHalf[3])) << "resumed";
+  // After a button, the keys are the shortcuts': Space pauses, Enter plays.
+  hand.Xdo("key space");
+  EXPECT_TRUE(ear->HearsSilence()) << "paused by its key";
+  hand.Xdo("key Return");
+  EXPECT_TRUE(ear->Hears(kFirstHalf[3])) << "played by its key";
 
   // A drag of the seek bar's thumb to four fifths plays the second half.
   const int barY = main.y + main.height - 21;
@@ -205,6 +226,8 @@ TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
   ASSERT_EQ(settings.size(), 72u);
   EXPECT_EQ(settings[2], std::to_string((kLeft + 60) * 15)) << "left";
   EXPECT_EQ(settings[3], std::to_string((kTop + 40) * 15)) << "top";
+  EXPECT_EQ(settings[4], "6100") << "width";
+  EXPECT_EQ(settings[5], "3530") << "height";
   EXPECT_EQ(settings[9], "5190") << "the playlist's width: 346 pixels";
   EXPECT_EQ(settings[11], "100") << "volume";
   EXPECT_EQ(settings[53], "Full");
