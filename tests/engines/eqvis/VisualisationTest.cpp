@@ -311,8 +311,9 @@ TEST_F(VisualisationTest, TheSkinsRowsBuildThePaletteOfTheUpsideDownPicture) {
 }
 
 // Minimised by the window system, the window shows no frames and none are
-// drawn; restored, the frames come back by themselves.
-TEST_F(VisualisationTest, NoFramesAreDrawnWhileNoOneCanSeeThem) {
+// drawn; restored, the frames come back by themselves. A paused song draws
+// none either, and its frames come back with the sound.
+TEST_F(VisualisationTest, NoFramesAreDrawnWhileNoOneCanSeeThemOrTheSongStandsStill) {
   Draw(Opt().Option8, sine(1000, 0.3, 20.0));
   auto& engine = R().frmBass();
   engine.BassON = "True";  // as the director marks the engine that plays
@@ -330,6 +331,18 @@ TEST_F(VisualisationTest, NoFramesAreDrawnWhileNoOneCanSeeThem) {
   EXPECT_TRUE(clock.Armed(engine.tmrSpectrum)) << "FixWindows starts the frames again";
   clock.Advance(25);
   EXPECT_NE(surface.Drawing.get(), last);
+
+  engine.Pauza();
+  clock.Advance(25);
+  EXPECT_FALSE(clock.Armed(engine.tmrSpectrum)) << "paused";
+  clock.Advance(500);
+  EXPECT_FALSE(clock.Armed(engine.tmrSpectrum)) << "FixWindows leaves a paused song's frames be";
+  const auto paused = surface.Drawing.get();
+  engine.ResumeBass();
+  EXPECT_TRUE(clock.Armed(engine.tmrSpectrum)) << "the sound brings the frames back";
+  Render(0.1);
+  clock.Advance(25);
+  EXPECT_NE(surface.Drawing.get(), paused);
 }
 
 }  // namespace
