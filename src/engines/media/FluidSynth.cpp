@@ -1,6 +1,5 @@
 #include "engines/media/FluidSynth.h"
-
-#include <fluidsynth.h>
+#include "engines/media/FluidSynthApi.h"
 
 #include <array>
 #include <climits>
@@ -18,7 +17,7 @@ void silenceMessages() {
   static std::once_flag once;
   std::call_once(once, [] {
     for (const int level : {FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG}) {
-      fluid_set_log_function(level, nullptr, nullptr);
+      FluidSynthLibrary()->fluid_set_log_function(level, nullptr, nullptr);
     }
   });
 }
@@ -26,10 +25,12 @@ void silenceMessages() {
 }  // namespace
 
 void FluidSynth::Destroy::operator()(fluid_settings_t* settings) const {
-  delete_fluid_settings(settings);
+  FluidSynthLibrary()->delete_fluid_settings(settings);
 }
 
-void FluidSynth::Destroy::operator()(fluid_synth_t* synth) const { delete_fluid_synth(synth); }
+void FluidSynth::Destroy::operator()(fluid_synth_t* synth) const {
+  FluidSynthLibrary()->delete_fluid_synth(synth);
+}
 
 FluidSynth::FluidSynth(Key, fluid_settings_t* settings, int rate)
     : settings_(settings), rate_(rate) {}
@@ -37,21 +38,24 @@ FluidSynth::FluidSynth(Key, fluid_settings_t* settings, int rate)
 FluidSynth::~FluidSynth() = default;
 
 std::unique_ptr<FluidSynth> FluidSynth::create(const std::filesystem::path& soundFont, int rate) {
+  if (FluidSynthLibrary() == nullptr) {
+    return nullptr;
+  }
   silenceMessages();
-  fluid_settings_t* settings = new_fluid_settings();
+  fluid_settings_t* settings = FluidSynthLibrary()->new_fluid_settings();
   if (settings == nullptr) {
     return nullptr;
   }
   auto synth = std::make_unique<FluidSynth>(Key{}, settings, rate);
   // Locking the sound font's samples into memory needs a privilege that a
   // player does not have, and only saves page faults.
-  if (fluid_settings_setnum(settings, "synth.sample-rate", rate) != FLUID_OK ||
-      fluid_settings_setint(settings, "synth.lock-memory", 0) != FLUID_OK) {
+  if (FluidSynthLibrary()->fluid_settings_setnum(settings, "synth.sample-rate", rate) != FLUID_OK ||
+      FluidSynthLibrary()->fluid_settings_setint(settings, "synth.lock-memory", 0) != FLUID_OK) {
     return nullptr;
   }
-  synth->synth_.reset(new_fluid_synth(settings));
-  if (!synth->synth_ ||
-      fluid_synth_sfload(synth->synth_.get(), soundFont.c_str(), 1) == FLUID_FAILED) {
+  synth->synth_.reset(FluidSynthLibrary()->new_fluid_synth(settings));
+  if (!synth->synth_ || FluidSynthLibrary()->fluid_synth_sfload(
+                            synth->synth_.get(), soundFont.c_str(), 1) == FLUID_FAILED) {
     return nullptr;
   }
   return synth;
@@ -64,31 +68,33 @@ void FluidSynth::send(const MidiEvent& event, const std::vector<std::uint8_t>& s
   const int data2 = event.data2;
   switch (event.status & 0xF0) {
     case 0x80:
-      fluid_synth_noteoff(synth, channel, data1);
+      FluidSynthLibrary()->fluid_synth_noteoff(synth, channel, data1);
       break;
     case 0x90:
-      fluid_synth_noteon(synth, channel, data1, data2);  // velocity 0 is a note off
+      FluidSynthLibrary()->fluid_synth_noteon(synth, channel, data1,
+                                              data2);  // velocity 0 is a note off
       break;
     case 0xA0:
-      fluid_synth_key_pressure(synth, channel, data1, data2);
+      FluidSynthLibrary()->fluid_synth_key_pressure(synth, channel, data1, data2);
       break;
     case 0xB0:
-      fluid_synth_cc(synth, channel, data1, data2);
+      FluidSynthLibrary()->fluid_synth_cc(synth, channel, data1, data2);
       break;
     case 0xC0:
-      fluid_synth_program_change(synth, channel, data1);
+      FluidSynthLibrary()->fluid_synth_program_change(synth, channel, data1);
       break;
     case 0xD0:
-      fluid_synth_channel_pressure(synth, channel, data1);
+      FluidSynthLibrary()->fluid_synth_channel_pressure(synth, channel, data1);
       break;
     case 0xE0:
-      fluid_synth_pitch_bend(synth, channel, data1 | data2 << 7);
+      FluidSynthLibrary()->fluid_synth_pitch_bend(synth, channel, data1 | data2 << 7);
       break;
     case 0xF0:
       if (event.sysexLength <= INT_MAX &&
           event.sysexOffset + std::size_t{event.sysexLength} <= sysex.size()) {
-        fluid_synth_sysex(synth, reinterpret_cast<const char*>(sysex.data() + event.sysexOffset),
-                          static_cast<int>(event.sysexLength), nullptr, nullptr, nullptr, 0);
+        FluidSynthLibrary()->fluid_synth_sysex(
+            synth, reinterpret_cast<const char*>(sysex.data() + event.sysexOffset),
+            static_cast<int>(event.sysexLength), nullptr, nullptr, nullptr, 0);
       }
       break;
     default:
@@ -97,7 +103,7 @@ void FluidSynth::send(const MidiEvent& event, const std::vector<std::uint8_t>& s
 }
 
 void FluidSynth::noteOn(int channel, int key, int velocity) {
-  fluid_synth_noteon(synth_.get(), channel, key, velocity);
+  FluidSynthLibrary()->fluid_synth_noteon(synth_.get(), channel, key, velocity);
 }
 
 // FluidSynth lets a voice that is turned off fade for a while (about a third
@@ -105,20 +111,22 @@ void FluidSynth::noteOn(int channel, int key, int velocity) {
 // away, and a second reset clears the reverb and chorus that took it in.
 void FluidSynth::reset() {
   fluid_synth_t* synth = synth_.get();
-  fluid_synth_system_reset(synth);
+  FluidSynthLibrary()->fluid_synth_system_reset(synth);
   std::array<float, 2 * kScratchFrames> scratch{};
-  for (int frames = 0; fluid_synth_get_active_voice_count(synth) > 0 && frames < rate_;
+  for (int frames = 0;
+       FluidSynthLibrary()->fluid_synth_get_active_voice_count(synth) > 0 && frames < rate_;
        frames += kScratchFrames) {
     write(scratch.data(), kScratchFrames);
   }
-  fluid_synth_system_reset(synth);
+  FluidSynthLibrary()->fluid_synth_system_reset(synth);
 }
 
-void FluidSynth::releaseAll() { fluid_synth_all_notes_off(synth_.get(), -1); }
+void FluidSynth::releaseAll() { FluidSynthLibrary()->fluid_synth_all_notes_off(synth_.get(), -1); }
 
 void FluidSynth::write(float* stereo, std::size_t frames) {
-  fluid_synth_write_float(synth_.get(), static_cast<int>(frames), stereo, kLeftOffset,
-                          kStereoStride, stereo, kRightOffset, kStereoStride);
+  FluidSynthLibrary()->fluid_synth_write_float(synth_.get(), static_cast<int>(frames), stereo,
+                                               kLeftOffset, kStereoStride, stereo, kRightOffset,
+                                               kStereoStride);
 }
 
 }  // namespace yarvo

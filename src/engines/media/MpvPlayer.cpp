@@ -1,12 +1,11 @@
 #include "engines/media/MpvPlayer.h"
 
-#include <mpv/client.h>
-
 #include <charconv>
 #include <clocale>
 #include <initializer_list>
 #include <utility>
 
+#include "engines/media/MpvApi.h"
 #include "engines/media/MpvNames.h"
 
 namespace yarvo {
@@ -23,7 +22,7 @@ bool waitForEvent(mpv_handle* handle, std::chrono::milliseconds timeout, Stop&& 
     if (left.count() <= 0) {
       return false;
     }
-    const mpv_event* event = mpv_wait_event(handle, left.count());
+    const mpv_event* event = Mpv()->mpv_wait_event(handle, left.count());
     if (event->event_id == MPV_EVENT_SHUTDOWN) {
       return false;
     }
@@ -43,7 +42,7 @@ bool runCommand(mpv_handle* handle, std::initializer_list<const char*> words) {
     }
     args[i++] = word;
   }
-  return mpv_command(handle, args) >= 0;
+  return Mpv()->mpv_command(handle, args) >= 0;
 }
 
 // Seconds as mpv reads them in commands and options; "" if they do not fit.
@@ -77,25 +76,27 @@ bool setOptions(mpv_handle* handle, const MpvPlayerSettings& settings) {
       {kLoadAutoProfiles, kNo},
   };
   for (const auto& [name, value] : fixed) {
-    if (mpv_set_option_string(handle, name, value) < 0) {
+    if (Mpv()->mpv_set_option_string(handle, name, value) < 0) {
       return false;
     }
   }
   if (!settings.videoOutput.empty() &&
-      mpv_set_option_string(handle, kVideoOutput, settings.videoOutput.c_str()) < 0) {
+      Mpv()->mpv_set_option_string(handle, kVideoOutput, settings.videoOutput.c_str()) < 0) {
     return false;
   }
   if (!settings.audioOutput.empty() &&
-      mpv_set_option_string(handle, kAudioOutput, settings.audioOutput.c_str()) < 0) {
+      Mpv()->mpv_set_option_string(handle, kAudioOutput, settings.audioOutput.c_str()) < 0) {
     return false;
   }
   std::int64_t window = settings.window;
-  return window == 0 || mpv_set_option(handle, kWindowId, MPV_FORMAT_INT64, &window) >= 0;
+  return window == 0 || Mpv()->mpv_set_option(handle, kWindowId, MPV_FORMAT_INT64, &window) >= 0;
 }
 
 }  // namespace
 
-void MpvPlayer::Destroy::operator()(mpv_handle* handle) const { mpv_terminate_destroy(handle); }
+void MpvPlayer::Destroy::operator()(mpv_handle* handle) const {
+  Mpv()->mpv_terminate_destroy(handle);
+}
 
 MpvPlayer::MpvPlayer(Key, mpv_handle* handle) : handle_(handle) {}
 
@@ -107,12 +108,15 @@ std::unique_ptr<MpvPlayer> MpvPlayer::create(const MpvPlayerSettings& settings) 
   // program has no use for localised numbers, so the process keeps "C"
   // from here on.
   std::setlocale(LC_NUMERIC, "C");
-  mpv_handle* raw = mpv_create();
+  if (Mpv() == nullptr) {
+    return nullptr;
+  }
+  mpv_handle* raw = Mpv()->mpv_create();
   if (raw == nullptr) {
     return nullptr;
   }
   auto player = std::make_unique<MpvPlayer>(Key{}, raw);
-  if (!setOptions(raw, settings) || mpv_initialize(raw) < 0) {
+  if (!setOptions(raw, settings) || Mpv()->mpv_initialize(raw) < 0) {
     return nullptr;
   }
   return player;
@@ -176,7 +180,7 @@ bool MpvPlayer::setPlaybackEnd(std::optional<double> seconds) {
 
 std::optional<double> MpvPlayer::doubleProperty(const char* name) {
   double value = 0;
-  if (mpv_get_property(handle_.get(), name, MPV_FORMAT_DOUBLE, &value) < 0) {
+  if (Mpv()->mpv_get_property(handle_.get(), name, MPV_FORMAT_DOUBLE, &value) < 0) {
     return std::nullopt;
   }
   return value;
@@ -184,7 +188,7 @@ std::optional<double> MpvPlayer::doubleProperty(const char* name) {
 
 std::optional<std::int64_t> MpvPlayer::intProperty(const char* name) {
   std::int64_t value = 0;
-  if (mpv_get_property(handle_.get(), name, MPV_FORMAT_INT64, &value) < 0) {
+  if (Mpv()->mpv_get_property(handle_.get(), name, MPV_FORMAT_INT64, &value) < 0) {
     return std::nullopt;
   }
   return value;
@@ -192,7 +196,7 @@ std::optional<std::int64_t> MpvPlayer::intProperty(const char* name) {
 
 std::optional<bool> MpvPlayer::flagProperty(const char* name) {
   int value = 0;
-  if (mpv_get_property(handle_.get(), name, MPV_FORMAT_FLAG, &value) < 0) {
+  if (Mpv()->mpv_get_property(handle_.get(), name, MPV_FORMAT_FLAG, &value) < 0) {
     return std::nullopt;
   }
   return value != 0;
@@ -200,30 +204,31 @@ std::optional<bool> MpvPlayer::flagProperty(const char* name) {
 
 std::optional<std::string> MpvPlayer::stringProperty(const char* name) {
   char* value = nullptr;
-  if (mpv_get_property(handle_.get(), name, MPV_FORMAT_STRING, &value) < 0 || value == nullptr) {
+  if (Mpv()->mpv_get_property(handle_.get(), name, MPV_FORMAT_STRING, &value) < 0 ||
+      value == nullptr) {
     return std::nullopt;
   }
   std::string copy(value);
-  mpv_free(value);
+  Mpv()->mpv_free(value);
   return copy;
 }
 
 bool MpvPlayer::setFlag(const char* name, bool value) {
   int flag = value ? 1 : 0;
-  return mpv_set_property(handle_.get(), name, MPV_FORMAT_FLAG, &flag) >= 0;
+  return Mpv()->mpv_set_property(handle_.get(), name, MPV_FORMAT_FLAG, &flag) >= 0;
 }
 
 bool MpvPlayer::setDouble(const char* name, double value) {
-  return mpv_set_property(handle_.get(), name, MPV_FORMAT_DOUBLE, &value) >= 0;
+  return Mpv()->mpv_set_property(handle_.get(), name, MPV_FORMAT_DOUBLE, &value) >= 0;
 }
 
 bool MpvPlayer::setString(const char* name, const std::string& value) {
-  return mpv_set_property_string(handle_.get(), name, value.c_str()) >= 0;
+  return Mpv()->mpv_set_property_string(handle_.get(), name, value.c_str()) >= 0;
 }
 
 void MpvPlayer::discardEvents() {
   for (;;) {
-    const auto id = mpv_wait_event(handle_.get(), 0)->event_id;
+    const auto id = Mpv()->mpv_wait_event(handle_.get(), 0)->event_id;
     if (id == MPV_EVENT_NONE || id == MPV_EVENT_SHUTDOWN) {
       return;
     }
