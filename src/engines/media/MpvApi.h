@@ -6,11 +6,20 @@
 
 namespace yarvo {
 
-#define YARVO_MPV_FUNCTIONS(F)                                                                  \
-  F(mpv_create)                                                                                 \
-  F(mpv_initialize) F(mpv_terminate_destroy) F(mpv_command) F(mpv_free) F(mpv_get_property)     \
-      F(mpv_set_property) F(mpv_set_property_string) F(mpv_set_option) F(mpv_set_option_string) \
-          F(mpv_wait_event)
+// clang-format off
+#define YARVO_MPV_FUNCTIONS(F) \
+  F(mpv_create) \
+  F(mpv_initialize) \
+  F(mpv_terminate_destroy) \
+  F(mpv_command) \
+  F(mpv_free) \
+  F(mpv_get_property) \
+  F(mpv_set_property) \
+  F(mpv_set_property_string) \
+  F(mpv_set_option) \
+  F(mpv_set_option_string) \
+  F(mpv_wait_event)
+// clang-format on
 
 struct MpvApi {
 #define YARVO_POINTER(name) decltype(&::name) name = nullptr;
