@@ -38,15 +38,17 @@ song=$folder/Chord.mp3
 ffmpeg -loglevel error -y -f lavfi -i "aevalsrc=exprs='0.22*sin(2*PI*110*t)*(0.6+0.4*sin(2*PI*0.3*t))+0.16*sin(2*PI*220*t)+0.12*sin(2*PI*330*t)*(0.5+0.5*sin(2*PI*0.7*t))+0.1*sin(2*PI*587*t)*(0.5+0.5*sin(2*PI*1.1*t))+0.07*sin(2*PI*1318*t)*(0.5+0.5*sin(2*PI*0.9*t))+0.05*sin(2*PI*2637*t)*(0.5+0.5*sin(2*PI*1.7*t))+0.03*sin(2*PI*5274*t)':s=44100:d=60" -ac 2 -b:a 192k "$song"
 
 left=100 top=100
-# settings.ini for a skin, a window ("main" or "mini") and a visualisation
-# (8 spectrum analyser, 9 wave, 10 wave image, 11 oscilloscope).
+# settings.ini for a skin, a window ("main" or "mini"), a visualisation
+# (8 spectrum analyser, 9 wave, 10 wave image, 11 oscilloscope), the main
+# window's layout ("Full" or "Small") and whether the playlist shows.
 settings() {
-  local skin=$1 window=$2 mode=${3:-8} option i
+  local skin=$1 window=$2 mode=${3:-8} layout=${4:-Full} playlist=${5:-False} option i
   local -a lines
   for i in $(seq 0 71); do lines[i]=""; done
   lines[2]=$((left * 15)); lines[3]=$((top * 15))
   lines[7]=$(((left + 420) * 15)); lines[8]=$((top * 15))
-  lines[11]=70; lines[16]="Playlist=False"; lines[20]=$skin; lines[53]=Full; lines[56]=$window
+  lines[11]=70; lines[16]="Playlist=$playlist"; lines[20]=$skin; lines[53]=$layout
+  lines[56]=$window
   for option in 8 9 10 11; do lines[36 + option]=$([ "$option" = "$mode" ] && echo True || echo False); done
   printf '%s\r\n' "${lines[@]}" >"$folder/settings.ini"
 }
@@ -89,6 +91,23 @@ for skin in Default Aluminium; do
   shoot "mini-$skin" 407x99+$left+$top
   stop
 done
+
+# The small layout, and the playlist window with a long list: the chord and
+# 2,000 more rows (their files need not exist for the list to show them).
+{
+  printf '%s\r\n' "$song"
+  for i in $(seq 1 2000); do
+    printf '/music/Artist %d/Album %d/%02d - Song number %d.mp3\r\n' $((i % 97)) $((i % 13)) $((i % 20 + 1)) "$i"
+  done
+} >"$folder/Data/plst.data"
+for skin in Default Aluminium; do
+  settings "$skin" main 8 Small True
+  start play "${next_main[@]}"
+  shoot "main-small-$skin" 406x133+$left+$top
+  shoot "playlist-$skin" 267x302+$((left + 420))+$top
+  stop
+done
+printf '%s\r\n' "$song" >"$folder/Data/plst.data"
 
 # The File menu: a separator either side of "File info", where the hidden
 # CD item leaves no gap; the playback mode submenu with its checked item.
