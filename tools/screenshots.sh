@@ -134,4 +134,15 @@ for option in 8 9 10 11; do
   convert "$work/vis.png" -filter point -resize 300% "$out/visualisation-${modes[$option]}.png"
   stop
 done
+# A video in the main window: ffmpeg's test pattern, 640x360 H.264, given on
+# the command line.
+video=$work/pattern.mp4
+ffmpeg -loglevel error -y -f lavfi -i testsrc=size=640x360:rate=25 -t 20 -c:v libx264 \
+  -pix_fmt yuv420p "$video"
+settings Default main 8
+"$folder/yarvo-player" "$video" >/dev/null 2>&1 &
+player=$!
+sleep 4
+shoot video-Default 406x235+$left+$top
+stop
 echo "screenshots in ${out#"$root"/}"

@@ -11,6 +11,7 @@
 #include "engines/media/MCore.h"
 #include "platform/Desktop.h"
 #include "windows/Main.h"
+#include "windows/mdlSmooth.h"
 
 namespace yarvo {
 
@@ -71,6 +72,7 @@ void ClsMain::SwitchToFullScreen() {
     frame.Move(0, 600, main.Width, main.Height);
     main.AlwaysOnTop = true;
     ResumeNext([&] { ResizeTheVideo(); });
+    SmoothForm(main, 1);
     main.FullScreenSec.Caption = "0";
     main.FullScreenTimer.Enabled = true;
     main.RightFrame.Visible = false;
@@ -92,6 +94,7 @@ void ClsMain::SwitchToFullScreen() {
   });
   frame.Left = 120;
   main.AlwaysOnTop = false;
+  SmoothForm(main, 9);
   main.FullScreenTimer.Enabled = false;
   main.RightFrame.Visible = true;
   for (Control* slider :

@@ -1,16 +1,21 @@
 #include "host/FormHost.h"
 
+#include <xcb/xcb.h>
 #include <QCloseEvent>
 #include <QCursor>
 #include <QDropEvent>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <memory>
 #include <optional>
 #include <ranges>
 #include <string>
@@ -137,8 +142,14 @@ void FormHost::SyncWindow() {
                      std::max(1, form_.Width / kTwipsPerPixel),
                      std::max(1, form_.Height / kTwipsPerPixel));
   if (geometry() != wanted) setGeometry(wanted);
-  const bool onTop = windowFlags().testFlag(Qt::WindowStaysOnTopHint);
-  if (onTop != form_.AlwaysOnTop.get()) setWindowFlag(Qt::WindowStaysOnTopHint, form_.AlwaysOnTop);
+  // On the native window as it is: new flags on the widget would make new
+  // native windows, and the video drawn into the old surface would be lost.
+  if (QWindow* window = windowHandle()) {
+    if (window->flags().testFlag(Qt::WindowStaysOnTopHint) != form_.AlwaysOnTop.get())
+      window->setFlag(Qt::WindowStaysOnTopHint, form_.AlwaysOnTop);
+  } else if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != form_.AlwaysOnTop.get()) {
+    setWindowFlag(Qt::WindowStaysOnTopHint, form_.AlwaysOnTop);
+  }
   SyncShape();
 }
 
@@ -347,12 +358,28 @@ void FormHost::keyPressEvent(QKeyEvent* event) {
   });
 }
 
+// A move the program did not ask for: the window manager's. A reparenting
+// manager that frames a window as it shows it can leave Qt believing the
+// window stands at its place inside the frame, (0, 0); the X server knows.
 void FormHost::moveEvent(QMoveEvent*) {
   if (syncing_) return;
-  QtEvents::Dispatch([this] {
-    form_.Left = ToTwips(x());
-    form_.Top = ToTwips(y());
+  const QPoint at = ScreenPosition();
+  QtEvents::Dispatch([this, at] {
+    form_.Left = ToTwips(at.x());
+    form_.Top = ToTwips(at.y());
   });
+}
+
+QPoint FormHost::ScreenPosition() const {
+  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  if (!x11 || !x11->connection()) return pos();
+  xcb_connection_t* connection = x11->connection();
+  const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+  const auto cookie =
+      xcb_translate_coordinates(connection, static_cast<xcb_window_t>(winId()), root, 0, 0);
+  std::unique_ptr<xcb_translate_coordinates_reply_t, decltype(&std::free)> reply(
+      xcb_translate_coordinates_reply(connection, cookie, nullptr), &std::free);
+  return reply ? QPoint(reply->dst_x, reply->dst_y) : pos();
 }
 
 void FormHost::resizeEvent(QResizeEvent*) {

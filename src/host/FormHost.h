@@ -64,6 +64,9 @@ class FormHost final : public QWidget {
   // The control under `pixel` that takes dropped files, or null.
   Control* FileDropTarget(const QPoint& pixel) const;
   void SyncWindow();
+  // Where the window's top left corner stands on the screen, as the window
+  // system has it.
+  QPoint ScreenPosition() const;
   void SyncShape();
   void SyncCursor(const QPoint& pixel);
   // Native child windows for the controls that show video.

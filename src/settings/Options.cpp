@@ -69,6 +69,8 @@ Options::Options() : Form("Options") {
     mode->Click = [] { program().frmBass().ChangeSpectrumMode(); };
   }
   Option12.Click = [] { program().Main().OnOffEq(); };
+  for (OptionButton* size : {&Option14, &Option16, &Option17})
+    size->Click = [] { program().Main().VideoSizeModeChanged(); };
   Option13.Click = [] { program().Main().OnOffEq(); };
   Check17.Click = [this] { ResumeNext([this] { TickAll(TpfAudio, Check17.Value == 1); }); };
   Check18.Click = [this] { ResumeNext([this] { TickAll(TpfVideo, Check18.Value == 1); }); };

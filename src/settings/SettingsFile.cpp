@@ -101,13 +101,7 @@ void ShowWindowMode(const std::string& text) {
     p.DataForm().MiniMode = "False";
     return;
   }
-  auto& mini = p.MiniForm();
-  main.Hide();
-  mini.Left = main.Left.get();
-  mini.Top = main.Top.get();
-  mini.Icon = main.Icon.get();
-  mini.Show();
-  p.DataForm().MiniMode = "True";
+  ShowMiniForm();
 }
 
 void ShowLibraryPage(const std::string& text) {
@@ -171,8 +165,8 @@ std::vector<Line> Lines() {
   lines.push_back(Check(options.Check18));
   for (int b = 0; b <= 10; ++b) {
     auto& slider = main.sldEQR(b);
-    lines.push_back({[&] { return Str(slider.value); },
-                     [&](const std::string& t) { slider.value = CDbl(t); }});
+    lines.push_back(
+        {[&] { return Str(slider.value); }, [&](const std::string& t) { slider.value = CDbl(t); }});
   }
   for (auto* option :
        {&options.Option8, &options.Option9, &options.Option10, &options.Option11, &options.Option12,

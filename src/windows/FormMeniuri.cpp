@@ -15,6 +15,7 @@
 #include "playlist/Playlist.h"
 #include "settings/Options.h"
 #include "windows/Main.h"
+#include "windows/MiniForm.h"
 #include "windows/Skins.h"
 #include "windows/modUserMenus.h"
 
@@ -195,8 +196,23 @@ void FormMeniuri::BindMainMenus() {
     playlist.Visible = !playlist.Visible;
     p.DataForm().PlaylistON = playlist.Visible ? "1" : "0";
   };
-  // The equalizer shows in the full layout.
-  EqualizerMenu.Click = [] { ClsMain().SwitchMainMode(); };
+  // The equalizer shows in the full layout: the mini window gives way to
+  // the small one, which the switch makes full.
+  EqualizerMenu.Click = [] {
+    auto& p = program();
+    if (MiniForm* mini = p.LoadedMiniForm(); mini && mini->Visible) {
+      p.DataForm().MainMode = "Small";
+      ShowMainForm();
+    }
+    ClsMain().SwitchMainMode();
+  };
+  FullMiniMenu.Click = [] {
+    if (program().DataForm().MiniMode == "True") {
+      ShowMainForm();
+    } else {
+      ShowMiniForm();
+    }
+  };
   MainMenuHelp.Click = [] { OpenHelp(); };
   ReportBugsMenu.Click = [] { OpenHelp(); };
 }

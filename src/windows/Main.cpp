@@ -42,6 +42,7 @@ Main::Main() : SkinnedForm("Main") {
   BindFrame();
   BindHover();
   BindClicks();
+  BindVideo();
   TimerMisc(0).Tick = [this] { Main_TimerMisc_Timer(); };
   TimeCounter.Tick = [this] { Main_TimeCounter_Timer(); };
   ScrollTextTimer.Tick = [this] { Main_ScrollTextTimer_Timer(); };

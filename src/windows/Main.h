@@ -101,6 +101,13 @@ class Main : public SkinnedForm {
   void Main_Form_Resize();
   void AnchorEdges();
   void Main_LbActualCx_Change();
+  // MainVideo.cpp: the video panel's input, full screen's quiet seconds,
+  // the size modes.
+  void BindVideo();
+  void Main_FullScreenTimer_Timer();
+  void QuietenFullScreen();
+  void WakeFullScreen(bool click);
+  void VideoSizeModeChanged();
   void Main_TimeCounter_Timer();
   void Main_FixWindows_Timer();
   void Main_FixImages_Timer();

@@ -72,6 +72,7 @@ void Main::BindClicks() {
   }
   ImgTopRight.DblClick = [] { ClsMain().SwitchMainMode(); };
   MouseUp = [this](const MouseEvent& e) {
+    if (e.button == MouseButton::Left) WakeFullScreen(true);
     if (e.button != MouseButton::Right || !FrameVideo(0).Visible) return;
     program().desktop().PopupMenu(*this, program().FormMeniuri().VideoMenu, static_cast<int>(e.x),
                                   static_cast<int>(e.y));

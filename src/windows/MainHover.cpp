@@ -53,8 +53,8 @@ PictureBox& Main::SmallButton(int button) {
 void Main::HoverSmallButton(int button) {
   auto& store = program().DataForm();
   const Property<yarvo::Picture>* hovers[] = {&store.ImgButton1Hover, &store.ImgButton2Hover,
-                                       &store.ImgButton3Hover, &store.ImgButton4Hover,
-                                       &store.ImgButton5Hover, &store.ImgButton6Hover};
+                                              &store.ImgButton3Hover, &store.ImgButton4Hover,
+                                              &store.ImgButton5Hover, &store.ImgButton6Hover};
   const int first = button <= 3 ? 1 : 4;
   for (int other = first; other < first + 3; ++other) {
     Put(SmallButton(other), other == button ? *hovers[other - 1] : RestingPicture(other));
@@ -67,6 +67,7 @@ void Main::RestSmallButtons() {
 
 void Main::HoverMenuPlate(int plate) {
   auto& store = program().DataForm();
+  QuietenFullScreen();
   PictureBox* plates[] = {&Meniu1, &Meniu2, &Meniu3};
   for (int i = 0; i < 3; ++i) Put(*plates[i], i == plate ? store.MeniuHover : store.MeniuNormal);
 }
@@ -110,6 +111,7 @@ void Main::BindHover() {
     on(SmallButton(button), [this, button] { HoverSmallButton(button); });
   on(Image1, [this] { RestSmallButtons(); });
   MouseMove = [this, &store](const MouseEvent&) {
+    WakeFullScreen(false);
     MousePointer = 0;
     Put(MinimizeButton, store.MinimizeNormal);
     Put(CloseButton, store.CloseNormal);

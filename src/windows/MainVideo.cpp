@@ -1,5 +1,8 @@
-// Main around a video: the size mode, the resize limits, and the change
-// between mini mode and the full window when a video starts or ends.
+// Main around a video: the size modes and the resize limits, the video
+// panel's input, the quiet seconds of full screen, and the change between mini
+// mode and the full window when a video starts or ends.
+
+#include <algorithm>
 
 #include "core/Conversions.h"
 #include "core/DataForm.h"
@@ -7,6 +10,7 @@
 #include "director/ClsMain.h"
 #include "director/Program.h"
 #include "settings/Options.h"
+#include "windows/FormMeniuri.h"
 #include "windows/Main.h"
 #include "windows/MiniForm.h"
 #include "windows/mdlSmooth.h"
@@ -22,6 +26,76 @@ constexpr int kMinHeightSmall = 2000;
 }  // namespace
 
 void Main::AdjustVideo() { Main_Form_Resize(); }
+
+// The picture lies over the window: the pointer on the picture is on the
+// window, whose handlers see it at the window's coordinates.
+void Main::BindVideo() {
+  auto& panel = FrameVideo(0);
+  auto onWindow = [this, &panel](std::function<void(const MouseEvent&)> Form::*handler) {
+    return [this, &panel, handler](const MouseEvent& e) {
+      MouseEvent atWindow = e;
+      atWindow.x += panel.FormLeft();
+      atWindow.y += panel.FormTop();
+      if (this->*handler) (this->*handler)(atWindow);
+    };
+  };
+  panel.MouseDown = onWindow(&Form::MouseDown);
+  panel.MouseMove = onWindow(&Form::MouseMove);
+  panel.MouseUp = onWindow(&Form::MouseUp);
+  panel.DblClick = [this] {
+    if (DblClick) DblClick();
+  };
+  LabelVideo.MouseMove = [this](const MouseEvent&) { QuietenFullScreen(); };
+  FullScreenTimer.Tick = [this] { Main_FullScreenTimer_Timer(); };
+}
+
+// Six quiet seconds in full screen hide the bars and give the picture the
+// whole screen; until then the bars show.
+void Main::Main_FullScreenTimer_Timer() {
+  auto& seek = SliderMoveMultimedia(0);
+  int seconds = 0;
+  ResumeNext([&] { seconds = static_cast<int>(CDbl(FullScreenSec.Caption.get())) + 1; });
+  FullScreenSec.Caption = std::to_string(seconds);
+  if (seconds >= 6) {
+    FullScreenSec.Caption = "0";
+    seek.Visible = false;
+    Volum.Visible = false;
+    FullScreenTimer.Enabled = false;
+    FrameVideo(0).Top = 0;
+    return;
+  }
+  seek.Visible = true;
+  Volum.Visible = true;
+  FrameVideo(0).Top = 600;
+}
+
+void Main::QuietenFullScreen() {
+  if (program().DataForm().FullScreenStat == "True") FullScreenSec.Caption = "0";
+}
+
+// The pointer moved on the window (`click` false) or clicked it: in full
+// screen the bars come back at the next tick, or at once for a click.
+void Main::WakeFullScreen(bool click) {
+  if (program().DataForm().FullScreenStat != "True") return;
+  FullScreenTimer.Enabled = true;
+  if (!click) return;
+  FullScreenSec.Caption = "0";
+  SliderMoveMultimedia(0).Visible = true;
+  Volum.Visible = true;
+}
+
+// A change of the size mode lays a loaded video out again; the corner grip
+// sizes only a stretched picture.
+void Main::VideoSizeModeChanged() {
+  auto& p = program();
+  auto& options = p.Options();
+  auto& menus = p.FormMeniuri();
+  if (LbActualCx(0).Caption != "-1") ResumeNext([this] { AdjustVideo(); });
+  ResizeArea.Visible = options.Option14.Value.get();
+  menus.StretchMenu.Checked = options.Option14.Value.get();
+  menus.OriginalSizeMenu.Checked = options.Option16.Value.get();
+  menus.OriginalSize2Menu.Checked = options.Option17.Value.get();
+}
 
 void Main::Main_Form_Resize() {
   auto& p = program();
@@ -49,8 +123,10 @@ void Main::Main_Form_Resize() {
       const int factor = options.Option17.Value ? 30 : 15;
       frame.Width = static_cast<int>(videoWidth) * factor;
       frame.Height = static_cast<int>(CDbl(LbActualCy(0).Caption.get())) * factor;
-      Width = frame.Width + 1450;
-      Height = frame.Height + 700;
+      // Within the limits below at once: a window asked to be narrower
+      // than they allow would size itself back and forth for ever.
+      Width = std::max(frame.Width + 1450, kMinWidth);
+      Height = std::max(frame.Height + 700, kMinHeightFull);
       ClsMain().ResizeTheVideo();
       frame.Top = 370;
       ResizeArea.Visible = false;
@@ -90,24 +166,16 @@ void Main::Main_LbActualCx_Change() {
     MiniForm* mini = p.LoadedMiniForm();
     if (store.MiniMode == "True" && mini && mini->WindowState != yarvo::WindowState::Minimized) {
       ReturnToMini = true;
-      Top = mini->Top;
-      Left = mini->Left;
-      p.UnloadMiniForm();
-      Show();
-      store.MiniMode = "False";
+      ShowMainForm();
+      ResumeNext([&] { p.FormMeniuri().FullMiniMenu.Enabled = false; });
     } else if (store.MiniMode == "False") {
       ReturnToMini = false;
     }
     return;
   }
   if (WindowState != yarvo::WindowState::Minimized && ReturnToMini) {
-    Hide();
-    auto& mini = p.MiniForm();
-    mini.Icon = Icon.get();
-    mini.Top = Top;
-    mini.Left = Left;
-    mini.Show();
-    store.MiniMode = "True";
+    ShowMiniForm();
+    ResumeNext([&] { p.FormMeniuri().FullMiniMenu.Enabled = true; });
   }
 }
 

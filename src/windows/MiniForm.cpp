@@ -1,9 +1,14 @@
 #include "windows/MiniForm.h"
 
+#include "core/Conversions.h"
 #include "core/DataForm.h"
 #include "core/form/RuntimeError.h"
+#include "director/ClsMain.h"
 #include "director/Program.h"
+#include "playlist/MediaLibrary.h"
+#include "playlist/Playlist.h"
 #include "settings/KeyShortcut.h"
+#include "settings/Options.h"
 #include "windows/Main.h"
 #include "windows/Skins.h"
 #include "windows/mdlSmooth.h"
@@ -48,12 +53,12 @@ MiniForm::MiniForm() : SkinnedForm("MiniForm") {
   Load = [this] { MiniForm_Form_Load(); };
   Resize = [this] { MiniForm_Form_Resize(); };
   KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };
-  // The main window's bar drives the engine.
-  Volum.Change = [this] {
-    auto& main = program().Main();
-    main.Volum.value = static_cast<double>(Volum.value);
-    main.VolumChange();
-  };
+  KeyFocus.KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };
+  Activate = [this] { MiniForm_Form_Activate(); };
+  Deactivate = [] { program().DataForm().Magnet = "0"; };
+  BindBars();
+  BindFrame();
+  BindHover();
   Timer1.Tick = [this] { MiniForm_Timer1_Timer(); };
   Timer1.Quiet = true;  // a mirror of Main
 }
@@ -112,6 +117,77 @@ void MiniForm::MiniForm_Timer1_Timer() {
     Volum.max = main.Volum.max.get();
     Volum.value = static_cast<double>(main.Volum.value);
   });
+}
+
+// The player window active: the playlist and the library keep their offsets
+// to it while it is dragged. A video needs the big window, so the mini
+// window gives way at once when one is loaded.
+void MiniForm::MiniForm_Form_Activate() {
+  auto& p = program();
+  auto& store = p.DataForm();
+  auto& playlist = p.Playlist();
+  auto& library = p.MediaLibrary();
+  store.Sn1 = Str(double(playlist.Left - Left));
+  store.Sn2 = Str(double(playlist.Top - Top));
+  store.Sn3 = Str(double(library.Left - Left));
+  store.Sn4 = Str(double(library.Top - Top));
+  store.MiniMode = "True";
+  if (store.PlaylistON == "0") playlist.Hide();
+  store.Magnet = "1";
+  double videoWidth = -1;
+  ResumeNext([&] { videoWidth = CDbl(p.Main().LbActualCx(0).Caption.get()); });
+  if (videoWidth > 1) {
+    ShowMainForm();  // unloads this form: nothing of it may run after
+    return;
+  }
+  ResumeNext([this] { KeyFocus.SetFocus(); });
+}
+
+void MiniForm::MiniForm_CloseButton_Click() {
+  auto& p = program();
+  auto& main = p.Main();
+  main.Top = Top.get();
+  main.Left = Left.get();
+  if (p.DataForm().FullScreenStat == "False") ClsMain().CloseYarvo();
+}
+
+// The main window's minimize, on this window and its title.
+void MiniForm::MiniForm_MinimizeButton_Click() {
+  auto& p = program();
+  auto& store = p.DataForm();
+  auto& playlist = p.Playlist();
+  auto& library = p.MediaLibrary();
+  WindowState = yarvo::WindowState::Minimized;
+  store.PlaylistON = playlist.Visible ? "1" : "0";
+  store.MediaOn = library.Visible ? "1" : "0";
+  Caption = p.Options().Check1.Value == 1 ? Titlu.Caption.get()
+                                          : std::string("Yarvo Player") + std::string(8, ' ');
+  playlist.Hide();
+  library.Hide();
+}
+
+void ShowMiniForm() {
+  auto& p = program();
+  auto& main = p.Main();
+  main.Hide();
+  auto& mini = p.MiniForm();
+  mini.Left = main.Left.get();
+  mini.Top = main.Top.get();
+  mini.Icon = main.Icon.get();
+  mini.Show();
+  p.DataForm().MiniMode = "True";
+}
+
+void ShowMainForm() {
+  auto& p = program();
+  auto& main = p.Main();
+  if (MiniForm* mini = p.LoadedMiniForm()) {
+    main.Top = mini->Top.get();
+    main.Left = mini->Left.get();
+  }
+  p.UnloadMiniForm();
+  main.Show();
+  p.DataForm().MiniMode = "False";
 }
 
 }  // namespace yarvo

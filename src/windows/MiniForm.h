@@ -1,7 +1,8 @@
 #pragma once
 // The mini window: stands in for Main in mini mode. It keeps no playback
 // logic of its own: its timer mirrors Main into it, and its input goes back
-// to Main.
+// to Main. It exists only while mini mode is on, so each entry reads the
+// skin from disk again.
 
 #include "core/form/ControlArray.h"
 #include "core/form/Label.h"
@@ -39,11 +40,26 @@ class MiniForm : public SkinnedForm {
 
   // Copies what Main shows into the mini window.
   void MiniForm_Timer1_Timer();
+  void MiniForm_Form_Activate();
+  void MiniForm_CloseButton_Click();
+  void MiniForm_MinimizeButton_Click();
 
  private:
   void MiniForm_Form_Load();
   void LoadSkin();
   void MiniForm_Form_Resize();
+  // MiniFormEvents.cpp: the bars' input handed to Main, the drag, the menu
+  // bar, the hover looks, the double clicks and the keys.
+  void BindBars();
+  void BindFrame();
+  void BindHover();
+  void HoverMenuPlate(int plate);
 };
+
+// Hides Main and shows the mini window in its place, with its icon.
+void ShowMiniForm();
+// Puts Main where the mini window is, unloads the mini window and shows
+// Main.
+void ShowMainForm();
 
 }  // namespace yarvo

@@ -103,10 +103,15 @@ std::string NameOf(Display* display, ::Window window) {
   return client;
 }
 
+// A window may go between the listing and the questions about it (the
+// player unloads its mini window); Xlib's default handler would end the test.
+int IgnoreVanishedWindow(Display*, XErrorEvent*) { return 0; }
+
 }  // namespace
 
 std::vector<XServer::Window> XServer::Windows() const {
   std::vector<Window> windows;
+  XSetErrorHandler(IgnoreVanishedWindow);
   const std::unique_ptr<Display, CloseDisplay> display(XOpenDisplay(display_.c_str()));
   if (!display) return windows;
   const ::Window rootWindow = DefaultRootWindow(display.get());
