@@ -43,14 +43,33 @@ Atom WindowType(Display* display, Window window) {
 
 }  // namespace
 
-XServer::XServer() : display_(":" + std::to_string(80 + getpid() % 100)) {
-  const std::string socket = "/tmp/.X11-unix/X" + display_.substr(1);
-  pid_ = Spawn({"Xvfb", display_, "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
-  const auto deadline = std::chrono::steady_clock::now() + 20s;
-  while (pid_ > 0 && !std::filesystem::exists(socket) &&
-         std::chrono::steady_clock::now() < deadline)
-    std::this_thread::sleep_for(20ms);
-  ready_ = pid_ > 0 && std::filesystem::exists(socket);
+// Tests of other processes run servers of their own at the same time: a
+// display that is taken is passed over, and so is one whose server ended at
+// once (another took it first), so that no test talks to another's server.
+XServer::XServer() {
+  for (int attempt = 0; attempt < 20 && !ready_; ++attempt) {
+    const std::string number = std::to_string(80 + (getpid() + attempt) % 100);
+    if (std::filesystem::exists("/tmp/.X" + number + "-lock")) continue;
+    display_ = ":" + number;
+    const std::string socket = "/tmp/.X11-unix/X" + number;
+    pid_ = Spawn({"Xvfb", display_, "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
+    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    bool ended = pid_ <= 0;
+    while (!ended && !std::filesystem::exists(socket) &&
+           std::chrono::steady_clock::now() < deadline) {
+      std::this_thread::sleep_for(20ms);
+      ended = waitpid(pid_, nullptr, WNOHANG) == pid_;
+    }
+    std::this_thread::sleep_for(50ms);
+    ended = ended || waitpid(pid_, nullptr, WNOHANG) == pid_;
+    if (ended) pid_ = -1;
+    ready_ = !ended && std::filesystem::exists(socket);
+    if (!ready_ && pid_ > 0) {
+      kill(pid_, SIGTERM);
+      waitpid(pid_, nullptr, 0);
+      pid_ = -1;
+    }
+  }
 }
 
 XServer::~XServer() {
