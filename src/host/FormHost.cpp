@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
@@ -137,9 +138,21 @@ void FormHost::SyncWindow() {
                      std::max(1, form_.Width / kTwipsPerPixel),
                      std::max(1, form_.Height / kTwipsPerPixel));
   if (geometry() != wanted) setGeometry(wanted);
-  const bool onTop = windowFlags().testFlag(Qt::WindowStaysOnTopHint);
-  if (onTop != form_.AlwaysOnTop.get()) setWindowFlag(Qt::WindowStaysOnTopHint, form_.AlwaysOnTop);
+  SyncOnTop();
   SyncShape();
+}
+
+// A window that exists asks the window manager for its above state
+// (_NET_WM_STATE_ABOVE). New flags on the widget would make Qt replace the
+// native window, and with it the child window the video is drawn into.
+void FormHost::SyncOnTop() {
+  const bool wanted = form_.AlwaysOnTop;
+  if (QWindow* window = windowHandle()) {
+    if (window->flags().testFlag(Qt::WindowStaysOnTopHint) != wanted)
+      window->setFlag(Qt::WindowStaysOnTopHint, wanted);
+  } else if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != wanted) {
+    setWindowFlag(Qt::WindowStaysOnTopHint, wanted);
+  }
 }
 
 void FormHost::SyncShape() {

@@ -65,6 +65,7 @@ class FormHost final : public QWidget {
   Control* FileDropTarget(const QPoint& pixel) const;
   void SyncWindow();
   void SyncShape();
+  void SyncOnTop();
   void SyncCursor(const QPoint& pixel);
   // Native child windows for the controls that show video.
   void SyncSurfaces();

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "Hand.h"
+#include "Panel.h"
 #include "PlayerProcess.h"
 #include "XServer.h"
 #include "support/SoundServer.h"
@@ -26,21 +27,19 @@ using namespace std::chrono_literals;
 using namespace test;
 
 constexpr int kLeft = 100, kTop = 100;  // the main window, 406 by 235
-constexpr int kPanel = 24;              // the height of the panel at the top
+constexpr int kPanel = Panel::kHeight;
 
 class Docking : public ::testing::Test {
  protected:
   void SetUp() override {
     if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
-    if (!Hand::Available() || std::system("command -v openbox trayer >/dev/null") != 0)
+    if (!Hand::Available() || !Panel::Available() || std::system("command -v openbox >/dev/null"))
       GTEST_SKIP() << "no xdotool, openbox or trayer";
     const std::string display = "DISPLAY=" + x.display();
     windowManager =
         std::make_unique<ChildProcess>(std::vector<std::string>{"env", display, "openbox"});
-    panel = std::make_unique<ChildProcess>(std::vector<std::string>{
-        "env", display, "trayer", "--edge", "top", "--align", "right", "--widthtype", "request",
-        "--height", std::to_string(kPanel), "--SetDockType", "true", "--SetPartialStrut", "true"});
-    ASSERT_TRUE(WaitUntil([&] { return x.Find("panel") && x.Find("panel")->mapped; }, 10s));
+    ASSERT_TRUE(WaitUntil([&] { return x.Managed(); }, 10s));  // before the panel comes
+    ASSERT_TRUE(panel.Start(x)) << "no panel on " << x.display();
     // The playlist docked below the main window; no tray icon.
     std::vector<std::string> lines(72);
     lines[2] = std::to_string(kLeft * 15);
@@ -96,7 +95,7 @@ class Docking : public ::testing::Test {
   TempDir home;
   Hand hand{x.display()};
   std::unique_ptr<ChildProcess> windowManager;
-  std::unique_ptr<ChildProcess> panel;
+  Panel panel;
 };
 
 TEST_F(Docking, ThePlayerCarriesItsPlaylistAndItsEdgesStickToTheWorkArea) {

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "Hand.h"
+#include "Panel.h"
 #include "PlayerProcess.h"
 #include "XServer.h"
 #include "support/SoundServer.h"
@@ -65,19 +66,13 @@ class Tray : public ::testing::Test {
  protected:
   void SetUp() override {
     if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
-    if (!Hand::Available() || std::system("command -v openbox trayer >/dev/null") != 0)
+    if (!Hand::Available() || !Panel::Available() || std::system("command -v openbox >/dev/null"))
       GTEST_SKIP() << "no xdotool, openbox or trayer";
     const std::string display = "DISPLAY=" + x.display();
     windowManager =
         std::make_unique<ChildProcess>(std::vector<std::string>{"env", display, "openbox"});
-    trayHost = std::make_unique<ChildProcess>(std::vector<std::string>{
-        "env", display, "trayer", "--edge", "top", "--align", "right", "--widthtype", "request",
-        "--height", "24", "--SetDockType", "true"});
-    ASSERT_TRUE(WaitUntil([&] { return x.Find("panel") && x.Find("panel")->mapped; }, 10s)) << [&] {
-      std::string all;
-      for (const auto& w : x.Windows()) all += w.name + "(" + std::to_string(w.mapped) + ") ";
-      return all;
-    }();
+    ASSERT_TRUE(WaitUntil([&] { return x.Managed(); }, 10s));  // before the panel comes
+    ASSERT_TRUE(panel.Start(x)) << "no notification area on " << x.display();
   }
 
   // A player whose settings switch the icon on ("1") or off ("0").
@@ -113,10 +108,10 @@ class Tray : public ::testing::Test {
   std::optional<XServer::Window> ListWindow() const { return x.Find("Yarvo Player - Playlist"); }
   // The player's icon as the tray shows it.
   std::optional<XServer::Window> Icon() const {
-    const auto panel = x.Find("panel");
+    const auto area = x.Find("panel");
     Display* display = XOpenDisplay(x.display().c_str());
-    if (!panel || !display) return std::nullopt;
-    auto icon = PlayerWindowInside(display, panel->id);
+    if (!area || !display) return std::nullopt;
+    auto icon = PlayerWindowInside(display, area->id);
     XCloseDisplay(display);
     return icon;
   }
@@ -126,7 +121,7 @@ class Tray : public ::testing::Test {
   TempDir home;
   Hand hand{x.display()};
   std::unique_ptr<ChildProcess> windowManager;
-  std::unique_ptr<ChildProcess> trayHost;
+  Panel panel;
 };
 
 TEST_F(Tray, TheIconShowsWhenTheSettingsSwitchItOn) {
