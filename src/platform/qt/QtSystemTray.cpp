@@ -37,10 +37,7 @@ MouseButton ToButton(QSystemTrayIcon::ActivationReason reason) {
 
 void QtSystemTray::Add(int id, const Picture& icon, const std::string& tip, Press pressed) {
   if (QGuiApplication::platformName() == "offscreen") return;  // no desktop to show it on
-  auto& tray = icons_[id];
-  if (!tray) tray = std::make_unique<QSystemTrayIcon>();
-  tray->disconnect();
-  tray->setIcon(ToQIcon(icon));
+  auto tray = std::make_unique<QSystemTrayIcon>(ToQIcon(icon));
   tray->setToolTip(QString::fromStdString(tip));
   QObject::connect(tray.get(), &QSystemTrayIcon::activated,
                    [pressed = std::move(pressed)](QSystemTrayIcon::ActivationReason reason) {
@@ -50,6 +47,7 @@ void QtSystemTray::Add(int id, const Picture& icon, const std::string& tip, Pres
                      QtEvents::Dispatch([&] { pressed(button, ScreenPoint{at.x(), at.y()}); });
                    });
   tray->show();
+  icons_[id] = std::move(tray);  // in place of the one there
 }
 
 void QtSystemTray::Remove(int id) { icons_.erase(id); }
