@@ -15,11 +15,15 @@
 #include "playlist/DataClass.h"
 #include "playlist/Id3Module.h"
 #include "playlist/JumpForm.h"
+#include "playlist/MediaLibrary.h"
 #include "playlist/Playlist.h"
 #include "playlist/Top10.h"
 #include "settings/KeyShortcut.h"
 #include "settings/Options.h"
 #include "windows/Main.h"
+#include "windows/MiniForm.h"
+#include "windows/Snap.h"
+#include "windows/modSysTray.h"
 
 namespace yarvo {
 
@@ -121,6 +125,7 @@ void ClsMain::LoadPlaylist() {
 void ClsMain::CloseYarvo() {
   auto& p = program();
   auto& store = p.DataForm();
+  ResumeNext([] { RemoveTrayIcon(kPlayerTrayIcon); });
   ResumeNext([] { SalveazaClasament(); });
   ResumeNext([&] { SalveazaSetari(); });
   ResumeNext([] { SaveKeyboardData(); });
@@ -130,6 +135,12 @@ void ClsMain::CloseYarvo() {
   });
   ResumeNext([&] { SStop(); });
   ResumeNext([&] { SalveazaData(store.ProgramPath("/Data/playlist.data"), p.JumpForm().Lista); });
+  ResumeNext([&] {
+    UnSnapForm(p.Main());
+    UnSnapForm(p.Playlist());
+    UnSnapForm(p.MediaLibrary());
+    if (MiniForm* mini = p.LoadedMiniForm()) UnSnapForm(*mini);
+  });
   ResumeNext([&] { p.Main().FixWindows.Enabled = false; });
   ResumeNext([&] { p.Main().Hide(); });
   ResumeNext([&] { p.Playlist().Hide(); });

@@ -142,15 +142,21 @@ void FormHost::SyncWindow() {
                      std::max(1, form_.Width / kTwipsPerPixel),
                      std::max(1, form_.Height / kTwipsPerPixel));
   if (geometry() != wanted) setGeometry(wanted);
-  // On the native window as it is: new flags on the widget would make new
-  // native windows, and the video drawn into the old surface would be lost.
-  if (QWindow* window = windowHandle()) {
-    if (window->flags().testFlag(Qt::WindowStaysOnTopHint) != form_.AlwaysOnTop.get())
-      window->setFlag(Qt::WindowStaysOnTopHint, form_.AlwaysOnTop);
-  } else if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != form_.AlwaysOnTop.get()) {
-    setWindowFlag(Qt::WindowStaysOnTopHint, form_.AlwaysOnTop);
-  }
+  SyncOnTop();
   SyncShape();
+}
+
+// A window that exists asks the window manager for its above state
+// (_NET_WM_STATE_ABOVE). New flags on the widget would make Qt replace the
+// native window, and with it the child window the video is drawn into.
+void FormHost::SyncOnTop() {
+  const bool wanted = form_.AlwaysOnTop;
+  if (QWindow* window = windowHandle()) {
+    if (window->flags().testFlag(Qt::WindowStaysOnTopHint) != wanted)
+      window->setFlag(Qt::WindowStaysOnTopHint, wanted);
+  } else if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != wanted) {
+    setWindowFlag(Qt::WindowStaysOnTopHint, wanted);
+  }
 }
 
 void FormHost::SyncShape() {

@@ -68,6 +68,7 @@ class FormHost final : public QWidget {
   // system has it.
   QPoint ScreenPosition() const;
   void SyncShape();
+  void SyncOnTop();
   void SyncCursor(const QPoint& pixel);
   // Native child windows for the controls that show video.
   void SyncSurfaces();

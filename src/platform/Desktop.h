@@ -8,11 +8,13 @@
 #include <string>
 
 #include "core/form/Picture.h"
+#include "core/form/ScreenRect.h"
 
 namespace yarvo {
 
 class Form;
 class Menu;
+class SystemTray;
 
 // The open-file dialog: title, one filter row (a description and its
 // ";"-separated patterns), the default extension; single selection of an
@@ -30,12 +32,6 @@ struct TwipsSize {
   int height = 0;
 };
 
-// A point of the screen, in pixels.
-struct ScreenPoint {
-  int x = 0;
-  int y = 0;
-};
-
 class Desktop {
  public:
   virtual ~Desktop() = default;
@@ -48,6 +44,11 @@ class Desktop {
   virtual void OpenWebPage(const std::string& url) = 0;
   // The size of the screen the program's windows are on.
   virtual TwipsSize ScreenSize() const = 0;
+  // The part of that screen that windows may cover, in pixels: the screen
+  // less the desktop's panels and docks.
+  virtual ScreenRect WorkArea() const = 0;
+  // The notification area, for the program's icon there.
+  virtual SystemTray& Tray() = 0;
   // Runs the events that are waiting, once, and returns.
   virtual void DoEvents() = 0;
 

@@ -12,6 +12,7 @@
 #include "settings/KeyShortcut.h"
 #include "windows/Main.h"
 #include "windows/Skins.h"
+#include "windows/modSysTray.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -74,6 +75,13 @@ Options::Options() : Form("Options") {
   Option13.Click = [] { program().Main().OnOffEq(); };
   Check17.Click = [this] { ResumeNext([this] { TickAll(TpfAudio, Check17.Value == 1); }); };
   Check18.Click = [this] { ResumeNext([this] { TickAll(TpfVideo, Check18.Value == 1); }); };
+  Check7.Click = [this] {
+    if (Check7.Value == 1) {
+      AddPlayerTrayIcon();
+    } else {
+      RemoveTrayIcon(kPlayerTrayIcon);
+    }
+  };
   Check8.Click = [this] {
     auto& playlist = program().Playlist();
     const bool standard = Check8.Value == 1;

@@ -9,9 +9,14 @@
 #include "engines/media/MCore.h"
 #include "platform/Desktop.h"
 #include "platform/ProcessControl.h"
+#include "playlist/MediaLibrary.h"
+#include "playlist/Playlist.h"
 #include "settings/KeyShortcut.h"
+#include "settings/Options.h"
 #include "windows/MiniForm.h"
 #include "windows/Skins.h"
+#include "windows/Snap.h"
+#include "windows/modSysTray.h"
 
 namespace yarvo {
 
@@ -85,7 +90,15 @@ void Main::Main_Form_Load() {
   ResumeNext([&] { FrameVideo(0).Top = 370; });
   RepairMediaDrivers();
   tagTick = 0;
+  ResumeNext([&] {
+    SnapForm(*this);
+    SnapForm(p.Playlist());
+    SnapForm(p.MediaLibrary());
+  });
   ResumeNext([&] { KeyFocus.Left = -1000; });
+  ResumeNext([&] {
+    if (p.Options().Check7.Value == 1) AddPlayerTrayIcon();
+  });
   ResumeNext([&] {
     if (MiniForm* mini = p.LoadedMiniForm(); mini && mini->Visible) {
       for (auto [from, to] :

@@ -111,6 +111,10 @@ class Main : public SkinnedForm {
   void Main_TimeCounter_Timer();
   void Main_FixWindows_Timer();
   void Main_FixImages_Timer();
+  // A press on the player's icon in the notification area (`at`, pixels of
+  // the screen): while the window is minimised the left button brings it
+  // back and the right one pops up SysTrayMenu there.
+  void Main_SysTray_MouseDown(MouseButton button, ScreenPoint at);
   void Main_ScrollTextTimer_Timer();
   void Main_TimerMisc_Timer();
   void RotateTagLine();

@@ -4,6 +4,7 @@
 #include "core/Conversions.h"
 #include "core/DataForm.h"
 #include "core/form/RuntimeError.h"
+#include "core/form/Twips.h"
 #include "director/ClsMain.h"
 #include "director/Program.h"
 #include "engines/frmBass.h"
@@ -14,6 +15,7 @@
 #include "windows/FormMeniuri.h"
 #include "windows/Main.h"
 #include "windows/Skins.h"
+#include "windows/modSysTray.h"
 
 namespace yarvo {
 
@@ -95,12 +97,32 @@ void Main::Main_MinimizeButton_Click() {
     playlist.Hide();
     library.Hide();
   }
+  // Hidden, the window is found by its icon alone: without a notification
+  // area it stays in the task bar.
+  ResumeNext([&] {
+    if (p.Options().Check7.Value == 1 && PlayerInTray()) Hide();
+  });
   ResumeNext([&] { playlist.ScrollTimer.Enabled = false; });
   ResumeNext([&] { FixImages.Enabled = false; });
   ResumeNext([&] {
     if (p.frmBass().tmrSpectrum.Enabled) p.frmBass().tmrSpectrum.Enabled = false;
   });
   ResumeNext([&] { MinimizeButton.Picture = store.MinimizeNormal.get(); });
+}
+
+// FixWindows brings the playlist and the library back once the window is.
+void Main::Main_SysTray_MouseDown(MouseButton button, ScreenPoint at) {
+  if (WindowState != yarvo::WindowState::Minimized) return;
+  if (button == MouseButton::Left) {
+    WindowState = yarvo::WindowState::Normal;
+    Show();
+  } else if (button == MouseButton::Right) {
+    auto& p = program();
+    Menu& menu = p.FormMeniuri().SysTrayMenu;
+    menu.Visible = true;
+    p.desktop().PopupMenu(*this, menu, at.x * kTwipsPerPixel - Left, at.y * kTwipsPerPixel - Top);
+    menu.Visible = false;
+  }
 }
 
 // The player window active: the playlist and the library keep their offsets

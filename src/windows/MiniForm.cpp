@@ -11,6 +11,7 @@
 #include "settings/Options.h"
 #include "windows/Main.h"
 #include "windows/Skins.h"
+#include "windows/Snap.h"
 #include "windows/mdlSmooth.h"
 
 namespace yarvo {
@@ -51,6 +52,7 @@ MiniForm::MiniForm() : SkinnedForm("MiniForm") {
   KeyFocus.Visible = false;
   AnchorFrame();
   Load = [this] { MiniForm_Form_Load(); };
+  Unload = [this] { UnSnapForm(*this); };
   Resize = [this] { MiniForm_Form_Resize(); };
   KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };
   KeyFocus.KeyDown = [](int& keyCode, int) { HandleShortcutKey(keyCode); };
@@ -66,6 +68,7 @@ MiniForm::MiniForm() : SkinnedForm("MiniForm") {
 void MiniForm::MiniForm_Form_Load() {
   ResumeNext([this] { SmoothForm(*this, 9); });
   ResumeNext([this] { KeyFocus.Left = -2000; });
+  ResumeNext([this] { SnapForm(*this); });
   LoadSkin();
 }
 

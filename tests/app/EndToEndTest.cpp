@@ -1,8 +1,8 @@
 // A person's session with the player, on an X server with a window manager,
 // driven by a real X client and heard on a private sound server: play from
 // the playlist, skip, pause, stop, seek, move and size the window, switch the
-// layout, rearrange the playlist, drop a file on it from a file manager, and
-// close; then the files the player wrote.
+// layout (the playlist follows the window), rearrange the playlist, drop a
+// file on it from a file manager, and close; then the files the player wrote.
 
 #include <gtest/gtest.h>
 
@@ -130,7 +130,7 @@ TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
   const Pixels idle = Screenshot(x.display());
 
   // A double click on the third row plays it.
-  const int rowX = list.x + 60, rowY = list.y + 24;  // the list's first row starts here
+  int rowX = list.x + 60, rowY = list.y + 24;  // the list's first row starts here
   hand.DoubleClick(rowX, rowY + 2 * 13 + 6);
   EXPECT_TRUE(ear->Hears(kFirstHalf[2])) << "the third song; heard " << ear->Heard();
   const Pixels playing = Screenshot(x.display());
@@ -192,6 +192,12 @@ TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
   ASSERT_TRUE(WaitUntil([&] { return MainWindow() && MainWindow()->x == main.x + 60; }, 5s));
   main = *MainWindow();
   EXPECT_EQ(main.y, kTop + 40);
+  // The player was active: the playlist came along.
+  ASSERT_TRUE(WaitUntil([&] { return ListWindow()->x == kListLeft + 60; }, 5s));
+  list = *ListWindow();
+  EXPECT_EQ(list.y, kListTop + 40);
+  rowX += 60;
+  rowY += 40;
   hand.DoubleClick(main.x + main.width - 90, main.y + 8);
   EXPECT_TRUE(WaitUntil([&] { return MainWindow() && MainWindow()->height == 133; }, 5s))
       << "the small layout";

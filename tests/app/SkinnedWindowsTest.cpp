@@ -52,8 +52,10 @@ class SkinnedWindows : public ::testing::Test {
     std::string settings;
     for (const auto& line : lines) settings += line + "\r\n";
     WriteBytes(folder / "settings.ini", settings);
-    player = std::make_unique<Player>(folder, home, std::vector<std::string>{}, x.display());
-    ASSERT_TRUE(WaitUntil([&] { return MainShows() && PlaylistShows(); }));
+    const std::string log = home / "player.log";
+    player = std::make_unique<Player>(folder, home, std::vector<std::string>{}, x.display(), log);
+    ASSERT_TRUE(WaitUntil([&] { return MainShows() && PlaylistShows(); })) << "the player said:\n"
+                                                                           << ReadBytes(log);
     std::this_thread::sleep_for(1500ms);  // the transport buttons fetch their pictures
   }
 

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <thread>
 
@@ -43,14 +44,50 @@ Atom WindowType(Display* display, Window window) {
 
 }  // namespace
 
-XServer::XServer() : display_(":" + std::to_string(80 + getpid() % 100)) {
-  const std::string socket = "/tmp/.X11-unix/X" + display_.substr(1);
-  pid_ = Spawn({"Xvfb", display_, "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
-  const auto deadline = std::chrono::steady_clock::now() + 20s;
-  while (pid_ > 0 && !std::filesystem::exists(socket) &&
-         std::chrono::steady_clock::now() < deadline)
-    std::this_thread::sleep_for(20ms);
-  ready_ = pid_ > 0 && std::filesystem::exists(socket);
+namespace {
+
+// A window may go while a test looks at it; Xlib's own handler would end
+// the test's process for that.
+int IgnoreXErrors(Display*, XErrorEvent*) { return 0; }
+
+// The process that holds display `number`, as its lock file tells; -1 when
+// no one does yet.
+pid_t LockHolder(const std::string& number) {
+  std::ifstream lock("/tmp/.X" + number + "-lock");
+  long pid = -1;
+  return lock >> pid ? static_cast<pid_t>(pid) : -1;
+}
+
+}  // namespace
+
+// Tests of other processes run servers of their own at the same time: a
+// display that is taken is passed over, and the server started is ours only
+// once the display's lock names it, so that no test talks to another's
+// server.
+XServer::XServer() {
+  XSetErrorHandler(IgnoreXErrors);
+  for (int attempt = 0; attempt < 20 && !ready_; ++attempt) {
+    // Above the displays that xvfb-run picks (99 and up, one by one).
+    const std::string number = std::to_string(300 + (getpid() + attempt) % 600);
+    if (LockHolder(number) > 0) continue;
+    display_ = ":" + number;
+    const std::string socket = "/tmp/.X11-unix/X" + number;
+    pid_ = Spawn({"Xvfb", display_, "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
+    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    bool ended = pid_ <= 0;
+    while (!ended && !(LockHolder(number) == pid_ && std::filesystem::exists(socket)) &&
+           std::chrono::steady_clock::now() < deadline) {
+      std::this_thread::sleep_for(20ms);
+      ended = waitpid(pid_, nullptr, WNOHANG) == pid_;
+    }
+    if (ended) pid_ = -1;
+    ready_ = !ended && LockHolder(number) == pid_ && std::filesystem::exists(socket);
+    if (!ready_ && pid_ > 0) {
+      kill(pid_, SIGTERM);
+      waitpid(pid_, nullptr, 0);
+      pid_ = -1;
+    }
+  }
 }
 
 XServer::~XServer() {
@@ -58,6 +95,22 @@ XServer::~XServer() {
     kill(pid_, SIGTERM);
     waitpid(pid_, nullptr, 0);
   }
+}
+
+bool XServer::Managed() const {
+  const std::unique_ptr<Display, CloseDisplay> display(XOpenDisplay(display_.c_str()));
+  if (!display) return false;
+  Atom type = None;
+  int format = 0;
+  unsigned long count = 0, after = 0;
+  unsigned char* data = nullptr;
+  const bool managed =
+      XGetWindowProperty(display.get(), DefaultRootWindow(display.get()),
+                         XInternAtom(display.get(), "_NET_SUPPORTING_WM_CHECK", False), 0, 1, False,
+                         XA_WINDOW, &type, &format, &count, &after, &data) == Success &&
+      data && count == 1;
+  if (data) XFree(data);
+  return managed;
 }
 
 bool XServer::DialogShown() const {
@@ -103,15 +156,10 @@ std::string NameOf(Display* display, ::Window window) {
   return client;
 }
 
-// A window may go between the listing and the questions about it (the
-// player unloads its mini window); Xlib's default handler would end the test.
-int IgnoreVanishedWindow(Display*, XErrorEvent*) { return 0; }
-
 }  // namespace
 
 std::vector<XServer::Window> XServer::Windows() const {
   std::vector<Window> windows;
-  XSetErrorHandler(IgnoreVanishedWindow);
   const std::unique_ptr<Display, CloseDisplay> display(XOpenDisplay(display_.c_str()));
   if (!display) return windows;
   const ::Window rootWindow = DefaultRootWindow(display.get());

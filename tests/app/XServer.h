@@ -20,6 +20,9 @@ class XServer {
   const std::string& display() const { return display_; }
   bool ready() const { return ready_; }
 
+  // Whether a window manager has taken the screen (_NET_SUPPORTING_WM_CHECK).
+  bool Managed() const;
+
   // Whether a dialog window (a message box) is mapped on the screen.
   bool DialogShown() const;
 

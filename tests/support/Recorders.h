@@ -3,14 +3,35 @@
 // remember what the program asked.
 
 #include <deque>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "core/RandomSource.h"
 #include "platform/Desktop.h"
 #include "platform/ProcessControl.h"
+#include "platform/SystemTray.h"
 
 namespace yarvo::test {
+
+// A notification area that holds what it is given; `available` says
+// whether the desktop has one.
+class RecordingTray final : public SystemTray {
+ public:
+  struct Icon {
+    Picture picture;
+    std::string tip;
+    Press pressed;
+  };
+  void Add(int id, const Picture& icon, const std::string& tip, Press pressed) override {
+    icons[id] = {icon, tip, std::move(pressed)};
+  }
+  void Remove(int id) override { icons.erase(id); }
+  bool Shown(int id) const override { return available && icons.contains(id); }
+
+  std::map<int, Icon> icons;
+  bool available = true;
+};
 
 class RecordingDesktop final : public Desktop {
  public:
@@ -24,6 +45,8 @@ class RecordingDesktop final : public Desktop {
   std::string BrowseForFolder(const std::string& title) override;
   void OpenWebPage(const std::string&) override {}
   TwipsSize ScreenSize() const override { return {1920 * 15, 1080 * 15}; }
+  ScreenRect WorkArea() const override { return workArea; }
+  SystemTray& Tray() override { return tray; }
   void DoEvents() override {}
   ScreenPoint CursorPos() const override { return cursor; }
   const Form* FormAt(ScreenPoint) const override { return formUnderCursor; }
@@ -59,6 +82,8 @@ class RecordingDesktop final : public Desktop {
   std::deque<std::string> choose;
   ScreenPoint cursor{-1, -1};
   const Form* formUnderCursor = nullptr;
+  ScreenRect workArea{0, 0, 1920, 1050};  // a panel of 30 pixels at the bottom
+  RecordingTray tray;
 };
 
 class FakeProcess final : public ProcessControl {

@@ -13,6 +13,7 @@
 #include "core/form/Control.h"
 #include "core/form/Picture.h"
 #include "core/form/Property.h"
+#include "core/form/ScreenRect.h"
 
 namespace yarvo {
 
@@ -20,15 +21,6 @@ enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 
 // The outline of a window: a rectangle from (0, 0) with rounded corners, in
 // pixels; the window shows only inside it. Empty: the whole window shows.
-// A window's rectangle on the screen, in pixels, right and bottom exclusive.
-struct ScreenRect {
-  int left = 0;
-  int top = 0;
-  int right = 0;
-  int bottom = 0;
-  bool operator==(const ScreenRect&) const = default;
-};
-
 struct WindowRegion {
   int width = 0;
   int height = 0;

@@ -89,6 +89,14 @@ TwipsSize QtDesktop::ScreenSize() const {
   return {size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel};
 }
 
+// The work area of the screen the program's windows are on; the window
+// manager tells it (_NET_WORKAREA) where it keeps panels.
+ScreenRect QtDesktop::WorkArea() const {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QRect area = screen ? screen->availableGeometry() : QRect(0, 0, 1920, 1080);
+  return {area.left(), area.top(), area.left() + area.width(), area.top() + area.height()};
+}
+
 ScreenPoint QtDesktop::CursorPos() const {
   const QPoint at = QCursor::pos();
   return {at.x(), at.y()};

@@ -3,6 +3,7 @@
 // window host adds what needs its windows: the form at a point, popup menus.
 
 #include "platform/Desktop.h"
+#include "platform/qt/QtSystemTray.h"
 
 namespace yarvo {
 
@@ -13,9 +14,14 @@ class QtDesktop : public Desktop {
   std::string BrowseForFolder(const std::string& title) override;
   void OpenWebPage(const std::string& url) override;
   TwipsSize ScreenSize() const override;
+  ScreenRect WorkArea() const override;
+  SystemTray& Tray() override { return tray_; }
   void DoEvents() override;
   ScreenPoint CursorPos() const override;
   Picture LoadPicture(const std::string& path) override;
+
+ private:
+  QtSystemTray tray_;
 };
 
 }  // namespace yarvo

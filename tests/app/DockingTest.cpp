@@ -1,0 +1,122 @@
+// The windows stick while a person drags them, on an X server with openbox
+// and a panel (trayer, which keeps the top 24 pixels of the screen for
+// itself): the player dragged by its title bar carries the playlist docked
+// below it, a window let go 10 pixels from the screen's left edge lands on
+// it, and one let go 8 pixels below the panel lands against the panel.
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "Hand.h"
+#include "Panel.h"
+#include "PlayerProcess.h"
+#include "XServer.h"
+#include "support/SoundServer.h"
+
+namespace yarvo {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace test;
+
+constexpr int kLeft = 100, kTop = 100;  // the main window, 406 by 235
+constexpr int kPanel = Panel::kHeight;
+
+class Docking : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
+    if (!Hand::Available() || !Panel::Available() || std::system("command -v openbox >/dev/null"))
+      GTEST_SKIP() << "no xdotool, openbox or trayer";
+    const std::string display = "DISPLAY=" + x.display();
+    windowManager =
+        std::make_unique<ChildProcess>(std::vector<std::string>{"env", display, "openbox"});
+    ASSERT_TRUE(WaitUntil([&] { return x.Managed(); }, 10s));  // before the panel comes
+    ASSERT_TRUE(panel.Start(x)) << "no panel on " << x.display();
+    // The playlist docked below the main window; no tray icon.
+    std::vector<std::string> lines(72);
+    lines[2] = std::to_string(kLeft * 15);
+    lines[3] = std::to_string(kTop * 15);
+    lines[7] = std::to_string(kLeft * 15);
+    lines[8] = std::to_string((kTop + 235) * 15);
+    lines[9] = "4500";
+    lines[10] = "4530";
+    lines[16] = "Playlist=True";
+    lines[20] = "Default";
+    lines[53] = "Full";
+    lines[56] = "main";
+    lines[64] = "0";
+    std::string settings;
+    for (const auto& line : lines) settings += line + "\r\n";
+    WriteBytes(folder / "settings.ini", settings);
+  }
+
+  std::optional<XServer::Window> MainWindow() const {
+    for (const auto& window : x.Windows())
+      if (window.mapped && window.name.rfind("Yarvo Player", 0) == 0 &&
+          window.name.find("Playlist") == std::string::npos && window.width >= 400)
+        return window;
+    return std::nullopt;
+  }
+  std::optional<XServer::Window> ListWindow() const { return x.Find("Yarvo Player - Playlist"); }
+  // Waits until the main window's top left corner is at (left, top) and the
+  // playlist's at (listLeft, listTop).
+  bool Placed(int left, int top, int listLeft, int listTop) const {
+    return WaitUntil(
+        [&] {
+          const auto main = MainWindow();
+          const auto list = ListWindow();
+          return main && list && main->x == left && main->y == top && list->x == listLeft &&
+                 list->y == listTop;
+        },
+        5s);
+  }
+  std::string Where() const {
+    const auto main = MainWindow();
+    const auto list = ListWindow();
+    return "main " + (main ? std::to_string(main->x) + "," + std::to_string(main->y) : "none") +
+           ", playlist " +
+           (list ? std::to_string(list->x) + "," + std::to_string(list->y) : "none");
+  }
+  // A drag by the title bar, from the window's corner at (left, top).
+  void DragTitle(int left, int top, int dx, int dy) const {
+    hand.Drag(left + 325, top + 8, left + 325 + dx, top + 8 + dy);
+  }
+
+  XServer x;
+  ProgramFolder folder;
+  TempDir home;
+  Hand hand{x.display()};
+  std::unique_ptr<ChildProcess> windowManager;
+  Panel panel;
+};
+
+TEST_F(Docking, ThePlayerCarriesItsPlaylistAndItsEdgesStickToTheWorkArea) {
+  Player player(folder, home, {}, x.display());
+  ASSERT_TRUE(WaitUntil([&] { return MainWindow() && ListWindow() && ListWindow()->mapped; }));
+  std::this_thread::sleep_for(1s);
+  hand.Click(kLeft + 325, kTop + 8);  // the player active: the playlist follows it
+  std::this_thread::sleep_for(300ms);
+
+  DragTitle(kLeft, kTop, 200, 150);
+  EXPECT_TRUE(Placed(300, 250, 300, 485)) << Where();
+
+  DragTitle(300, 250, -290, 0);
+  EXPECT_TRUE(Placed(0, 250, 0, 485)) << "10 from the left edge lands on it; " << Where();
+
+  DragTitle(0, 250, 0, -(250 - kPanel - 8));
+  EXPECT_TRUE(Placed(0, kPanel, 0, kPanel + 235)) << "8 below the panel lands on it; " << Where();
+
+  player.Close();
+  ASSERT_EQ(player.Wait(), 0);
+}
+
+}  // namespace
+}  // namespace yarvo
