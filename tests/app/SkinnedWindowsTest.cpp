@@ -152,7 +152,8 @@ TEST_F(SkinnedWindows, AMenuItemChosenWithTheKeysOrThePointerRunsItsAction) {
   const auto menu = *x.Popup();
   EXPECT_EQ(menu.x, kLeft + 73);
   EXPECT_EQ(menu.y, kTop + 20);
-  hand.Xdo("key Down Down Down Down Down Down Right Return");
+  std::this_thread::sleep_for(500ms);  // until the menu holds the keyboard
+  hand.Xdo("key --delay 60 Down Down Down Down Down Down Right Return");
   EXPECT_TRUE(WaitUntil([&] { return !PlaylistShows(); })) << "chosen with the keys";
   EXPECT_FALSE(x.Popup().has_value()) << "the menus closed";
 
