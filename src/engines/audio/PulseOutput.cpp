@@ -203,16 +203,16 @@ int PulseOutput::askSinkRate() {
 }
 
 bool PulseOutput::openStream() {
-  const pa_sample_spec spec{PA_SAMPLE_FLOAT32NE, static_cast<std::uint32_t>(rate_), 2};
+  const pa_sample_spec format{PA_SAMPLE_FLOAT32NE, static_cast<std::uint32_t>(rate_), 2};
   pa_channel_map map;
   pa_channel_map_init_stereo(&map);
-  stream_ = pa_stream_new(context_, kName, &spec, &map);
+  stream_ = pa_stream_new(context_, kName, &format, &map);
   if (stream_ == nullptr) return false;
   pa_stream_set_state_callback(stream_, PulseCallbacks::streamState, this);
   pa_stream_set_write_callback(stream_, PulseCallbacks::write, this);
   pa_buffer_attr buffer;
   buffer.maxlength = static_cast<std::uint32_t>(-1);
-  buffer.tlength = static_cast<std::uint32_t>(pa_usec_to_bytes(kBufferUsec, &spec));
+  buffer.tlength = static_cast<std::uint32_t>(pa_usec_to_bytes(kBufferUsec, &format));
   buffer.prebuf = static_cast<std::uint32_t>(-1);
   buffer.minreq = static_cast<std::uint32_t>(-1);
   buffer.fragsize = static_cast<std::uint32_t>(-1);

@@ -18,14 +18,14 @@ QStringList WritePreviews(const QString& skinFolder, const QString& outFolder) {
     QImage image;
   };
   const Shot shots[] = {
-      {"main-full", MainWindow(skin, {true, false, SpectrumMode::Bars, false})},
-      {"main-full-idle", MainWindow(skin, {true, true, SpectrumMode::Bars, true})},
-      {"main-small", MainWindow(skin, {false, false, SpectrumMode::Scope, false})},
-      {"main-small-columns", MainWindow(skin, {false, false, SpectrumMode::Columns, false})},
+      {"main-full", MainWindow(skin, {true, false, DisplayMode::Bars, false})},
+      {"main-full-idle", MainWindow(skin, {true, true, DisplayMode::Bars, true})},
+      {"main-small", MainWindow(skin, {false, false, DisplayMode::Scope, false})},
+      {"main-small-columns", MainWindow(skin, {false, false, DisplayMode::Columns, false})},
       {"main-small-spectrogram",
-       MainWindow(skin, {false, false, SpectrumMode::Spectrogram, false})},
-      {"mini", MiniWindow(skin, {true, false, SpectrumMode::Columns, false})},
-      {"mini-hover", MiniWindow(skin, {true, false, SpectrumMode::Bars, true})},
+       MainWindow(skin, {false, false, DisplayMode::Spectrogram, false})},
+      {"mini", MiniWindow(skin, {true, false, DisplayMode::Columns, false})},
+      {"mini-hover", MiniWindow(skin, {true, false, DisplayMode::Bars, true})},
       {"playlist", PlaylistWindow(skin)},
       {"transport", TransportSheet(skin)},
   };

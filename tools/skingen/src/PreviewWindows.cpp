@@ -168,7 +168,7 @@ void Visual(Composer& c, const SkinFolder& skin, const QRect& r, const Scene& s)
     return;
   }
   c.Fill(r, skin.Palette(0));
-  c.Drawing(SpectrumFrame(skin, s.mode), r.topLeft(), r);
+  c.Drawing(DisplayFrame(skin, s.mode), r.topLeft(), r);
 }
 
 void MainPanel(Composer& c, const SkinFolder& skin, const Scene& s) {
@@ -265,7 +265,7 @@ QImage MiniWindow(const SkinFolder& skin, const Scene& s) {
   if (!s.idle) {
     c.Fill(L::kMiniVisual, skin.Background());
     c.Drawing(
-        SpectrumFrame(skin, s.mode), L::kMiniVisual.topLeft(),
+        DisplayFrame(skin, s.mode), L::kMiniVisual.topLeft(),
         QRect(L::kMiniVisual.topLeft(), QSize(L::kMiniVisual.width(), L::kSpectrum.height())));
   }
   c.PictureClipped("controls-background.bmp", L::kMiniTransport,

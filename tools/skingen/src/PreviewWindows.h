@@ -5,7 +5,7 @@
 
 #include <QImage>
 
-#include "SpectrumFrame.h"
+#include "DisplayFrame.h"
 
 namespace skingen {
 
@@ -14,7 +14,7 @@ class SkinFolder;
 struct Scene {
   bool full = true;   // main window layout: Full or Small
   bool idle = false;  // the display shows the idle picture
-  SpectrumMode mode = SpectrumMode::Bars;
+  DisplayMode mode = DisplayMode::Bars;
   bool hover = false;  // menu, title buttons and plates under the pointer
 };
 

@@ -9,8 +9,8 @@ namespace skingen {
 
 class SkinFolder;
 
-enum class SpectrumMode { Columns = 0, Bars = 1, Spectrogram = 2, Scope = 3 };
+enum class DisplayMode { Columns = 0, Bars = 1, Spectrogram = 2, Scope = 3 };
 
-QImage SpectrumFrame(const SkinFolder& skin, SpectrumMode mode);
+QImage DisplayFrame(const SkinFolder& skin, DisplayMode mode);
 
 }  // namespace skingen

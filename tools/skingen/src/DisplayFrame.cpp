@@ -1,4 +1,4 @@
-#include "SpectrumFrame.h"
+#include "DisplayFrame.h"
 
 #include <array>
 #include <cmath>
@@ -116,19 +116,19 @@ QColor HighEntry(int index) {
 
 }  // namespace
 
-QImage SpectrumFrame(const SkinFolder& skin, SpectrumMode mode) {
+QImage DisplayFrame(const SkinFolder& skin, DisplayMode mode) {
   Buffer buffer{};
   switch (mode) {
-    case SpectrumMode::Columns:
+    case DisplayMode::Columns:
       DrawColumns(buffer, Fft(0.4));
       break;
-    case SpectrumMode::Bars:
+    case DisplayMode::Bars:
       DrawBars(buffer, Fft(0.4));
       break;
-    case SpectrumMode::Spectrogram:
+    case DisplayMode::Spectrogram:
       DrawSpectrogram(buffer);
       break;
-    case SpectrumMode::Scope:
+    case DisplayMode::Scope:
       DrawScope(buffer);
       break;
   }
