@@ -10,6 +10,7 @@
 #include "core/form/Timer.h"
 #include "windows/Butoane.h"
 #include "windows/SkinnedForm.h"
+#include "windows/TitleBar.h"
 #include "windows/ctlScrollbar.h"
 
 namespace yarvo {
@@ -143,6 +144,7 @@ class Main : public SkinnedForm {
   PictureBox& SmallButton(int button);
   void HoverSmallButton(int button);
   void RestSmallButtons();
+  TitleBar Bar();
   void HoverMenuPlate(int plate);
   void TogglePlaylist();
   void Main_MinimizeButton_Click();

@@ -15,6 +15,7 @@
 #include "windows/FormMeniuri.h"
 #include "windows/Main.h"
 #include "windows/Skins.h"
+#include "windows/Snap.h"
 #include "windows/modSysTray.h"
 
 namespace yarvo {
@@ -128,16 +129,8 @@ void Main::Main_SysTray_MouseDown(MouseButton button, ScreenPoint at) {
 // The player window active: the playlist and the library keep their offsets
 // to it while it is dragged.
 void Main::Main_Form_Activate() {
-  auto& p = program();
-  auto& store = p.DataForm();
-  auto& playlist = p.Playlist();
-  auto& library = p.MediaLibrary();
-  store.Sn1 = Str(double(playlist.Left - Left));
-  store.Sn2 = Str(double(playlist.Top - Top));
-  store.Sn3 = Str(double(library.Left - Left));
-  store.Sn4 = Str(double(library.Top - Top));
-  store.Magnet = "1";
-  if (store.PlaylistON == "0") playlist.Hide();
+  HoldDockedOffsets(*this);
+  if (program().DataForm().PlaylistON == "0") program().Playlist().Hide();
 }
 
 }  // namespace yarvo

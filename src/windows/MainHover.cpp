@@ -10,16 +10,9 @@
 #include "playlist/Playlist.h"
 #include "settings/Options.h"
 #include "windows/Main.h"
+#include "windows/TitleBar.h"
 
 namespace yarvo {
-
-namespace {
-
-void Put(PictureBox& box, const Property<yarvo::Picture>& picture) {
-  ResumeNext([&] { box.Picture = picture.get(); });
-}
-
-}  // namespace
 
 // The picture a small button shows at rest: button 2 by the equalizer's
 // state, buttons 4 to 6 by whether their window shows.
@@ -65,32 +58,18 @@ void Main::RestSmallButtons() {
   for (int button = 1; button <= 6; ++button) Put(SmallButton(button), RestingPicture(button));
 }
 
+TitleBar Main::Bar() {
+  return {{&Meniu1, &Meniu2, &Meniu3}, {&Label1, &Label3, &Label4}, MinimizeButton, CloseButton};
+}
+
 void Main::HoverMenuPlate(int plate) {
-  auto& store = program().DataForm();
   QuietenFullScreen();
-  PictureBox* plates[] = {&Meniu1, &Meniu2, &Meniu3};
-  for (int i = 0; i < 3; ++i) Put(*plates[i], i == plate ? store.MeniuHover : store.MeniuNormal);
+  LightMenuPlate(Bar(), plate);
 }
 
 void Main::BindHover() {
   auto& store = program().DataForm();
-  auto on = [](Control& control, std::function<void()> look) {
-    control.MouseMove = [look = std::move(look)](const MouseEvent&) { look(); };
-  };
-  for (auto [plate, caption, index] :
-       {std::tuple{&Meniu1, &Label1, 0}, std::tuple{&Meniu2, &Label3, 1},
-        std::tuple{&Meniu3, &Label4, 2}}) {
-    on(*plate, [this, index = index] { HoverMenuPlate(index); });
-    on(*caption, [this, index = index] { HoverMenuPlate(index); });
-  }
-  on(MinimizeButton, [this, &store] {
-    Put(MinimizeButton, store.MinimizeFocus);
-    Put(CloseButton, store.CloseNormal);
-  });
-  on(CloseButton, [this, &store] {
-    Put(CloseButton, store.CloseFocus);
-    Put(MinimizeButton, store.MinimizeNormal);
-  });
+  BindTitleBarHover(Bar(), [this](int plate) { HoverMenuPlate(plate); });
   auto infoLit = [this, &store] {
     Put(Image3, store.ImgButtonFocus);
     Put(Image4, store.ImgButton);
@@ -99,17 +78,17 @@ void Main::BindHover() {
     Put(Image4, store.ImgButtonFocus);
     Put(Image3, store.ImgButton);
   };
-  on(Image3, infoLit);
-  on(InfoLabel, infoLit);
-  on(Image4, playlistLit);
-  on(PlaylistLabel, playlistLit);
-  on(RightFrame, [this, &store] {
+  OnHover(Image3, infoLit);
+  OnHover(InfoLabel, infoLit);
+  OnHover(Image4, playlistLit);
+  OnHover(PlaylistLabel, playlistLit);
+  OnHover(RightFrame, [this, &store] {
     Put(Image3, store.ImgButton);
     Put(Image4, store.ImgButton);
   });
   for (int button : {2, 3, 4, 5})
-    on(SmallButton(button), [this, button] { HoverSmallButton(button); });
-  on(Image1, [this] { RestSmallButtons(); });
+    OnHover(SmallButton(button), [this, button] { HoverSmallButton(button); });
+  OnHover(Image1, [this] { RestSmallButtons(); });
   MouseMove = [this, &store](const MouseEvent&) {
     WakeFullScreen(false);
     MousePointer = 0;
@@ -120,7 +99,7 @@ void Main::BindHover() {
   };
   for (Control* edge : {static_cast<Control*>(&ImgRight), static_cast<Control*>(&ImgBottomRight),
                         static_cast<Control*>(&Logo)})
-    on(*edge, [this] { MousePointer = 0; });
+    OnHover(*edge, [this] { MousePointer = 0; });
 }
 
 }  // namespace yarvo

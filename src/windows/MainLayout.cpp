@@ -7,7 +7,7 @@ namespace yarvo {
 
 namespace {
 
-void TitleBar(Main& main) {
+void LayTitleBar(Main& main) {
   main.Meniu1.Move(240, 0, 735, 255);
   main.Meniu2.Move(1080, 0, 855, 255);
   main.Meniu3.Move(2040, 0, 855, 255);
@@ -108,7 +108,7 @@ void BottomRow(Main& main) {
 
 void Main::LayOutControls() {
   for (PictureBox* plate : {&Meniu1, &Meniu2, &Meniu3}) MakeImage(*plate, true);
-  TitleBar(*this);
+  LayTitleBar(*this);
   MainPanel(*this);
   RightColumn(*this);
   BottomRow(*this);

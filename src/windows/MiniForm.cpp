@@ -128,15 +128,9 @@ void MiniForm::MiniForm_Timer1_Timer() {
 void MiniForm::MiniForm_Form_Activate() {
   auto& p = program();
   auto& store = p.DataForm();
-  auto& playlist = p.Playlist();
-  auto& library = p.MediaLibrary();
-  store.Sn1 = Str(double(playlist.Left - Left));
-  store.Sn2 = Str(double(playlist.Top - Top));
-  store.Sn3 = Str(double(library.Left - Left));
-  store.Sn4 = Str(double(library.Top - Top));
+  HoldDockedOffsets(*this);
   store.MiniMode = "True";
-  if (store.PlaylistON == "0") playlist.Hide();
-  store.Magnet = "1";
+  if (store.PlaylistON == "0") p.Playlist().Hide();
   double videoWidth = -1;
   ResumeNext([&] { videoWidth = CDbl(p.Main().LbActualCx(0).Caption.get()); });
   if (videoWidth > 1) {

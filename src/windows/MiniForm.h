@@ -11,6 +11,7 @@
 #include "core/form/Timer.h"
 #include "windows/Butoane.h"
 #include "windows/SkinnedForm.h"
+#include "windows/TitleBar.h"
 #include "windows/ctlScrollbar.h"
 
 namespace yarvo {
@@ -53,6 +54,7 @@ class MiniForm : public SkinnedForm {
   void BindBars();
   void BindFrame();
   void BindHover();
+  TitleBar Bar();
   void HoverMenuPlate(int plate);
 };
 

@@ -13,16 +13,9 @@
 #include "windows/Main.h"
 #include "windows/MiniForm.h"
 #include "windows/Resize.h"
+#include "windows/TitleBar.h"
 
 namespace yarvo {
-
-namespace {
-
-void Put(PictureBox& box, const Property<Picture>& picture) {
-  ResumeNext([&] { box.Picture = picture.get(); });
-}
-
-}  // namespace
 
 void MiniForm::BindBars() {
   auto& seek = SliderMoveMultimedia(0);
@@ -94,31 +87,14 @@ void MiniForm::BindFrame() {
   QueryUnload = [this] { MiniForm_CloseButton_Click(); };
 }
 
-void MiniForm::HoverMenuPlate(int plate) {
-  auto& store = program().DataForm();
-  PictureBox* plates[] = {&Meniu1, &Meniu2, &Meniu3};
-  for (int i = 0; i < 3; ++i) Put(*plates[i], i == plate ? store.MeniuHover : store.MeniuNormal);
+TitleBar MiniForm::Bar() {
+  return {{&Meniu1, &Meniu2, &Meniu3}, {&Label1, &Label3, &Label4}, MinimizeButton, CloseButton};
 }
 
+void MiniForm::HoverMenuPlate(int plate) { LightMenuPlate(Bar(), plate); }
+
 void MiniForm::BindHover() {
-  auto& store = program().DataForm();
-  auto on = [](Control& control, std::function<void()> look) {
-    control.MouseMove = [look = std::move(look)](const MouseEvent&) { look(); };
-  };
-  for (auto [plate, caption, index] :
-       {std::tuple{&Meniu1, &Label1, 0}, std::tuple{&Meniu2, &Label3, 1},
-        std::tuple{&Meniu3, &Label4, 2}}) {
-    on(*plate, [this, index = index] { HoverMenuPlate(index); });
-    on(*caption, [this, index = index] { HoverMenuPlate(index); });
-  }
-  on(MinimizeButton, [this, &store] {
-    Put(MinimizeButton, store.MinimizeFocus);
-    Put(CloseButton, store.CloseNormal);
-  });
-  on(CloseButton, [this, &store] {
-    Put(CloseButton, store.CloseFocus);
-    Put(MinimizeButton, store.MinimizeNormal);
-  });
+  BindTitleBarHover(Bar(), [this](int plate) { HoverMenuPlate(plate); });
   auto rest = [this] { HoverMenuPlate(-1); };
   MouseMove = [rest](const MouseEvent&) { rest(); };
   for (Control* calm :
@@ -127,7 +103,7 @@ void MiniForm::BindHover() {
         static_cast<Control*>(&ImgLeft), static_cast<Control*>(&ImgRight),
         static_cast<Control*>(&ImgBottomLeft), static_cast<Control*>(&ImgBottomCenter),
         static_cast<Control*>(&ImgBottomRight)})
-    on(*calm, rest);
+    OnHover(*calm, rest);
 }
 
 }  // namespace yarvo

@@ -165,4 +165,16 @@ void UnSnapForm(Form& form) {
   }
 }
 
+void HoldDockedOffsets(const Form& player) {
+  auto& p = program();
+  auto& store = p.DataForm();
+  const Form& playlist = p.Playlist();
+  const Form& library = p.MediaLibrary();
+  store.Sn1 = Str(double(playlist.Left - player.Left));
+  store.Sn2 = Str(double(playlist.Top - player.Top));
+  store.Sn3 = Str(double(library.Left - player.Left));
+  store.Sn4 = Str(double(library.Top - player.Top));
+  store.Magnet = "1";
+}
+
 }  // namespace yarvo

@@ -20,6 +20,10 @@ void SnapForm(Form& form);
 // not hooked is ignored.
 void UnSnapForm(Form& form);
 
+// `player` was activated: Playlist and MediaLibrary keep their offsets from
+// it as they stand now (Sn1 to Sn4), and follow it (Magnet).
+void HoldDockedOffsets(const Form& player);
+
 // One step of a move: `rect`, where the pointer puts the window, sticks to
 // the nearest edges of `targets`. targets[0] is the work area, which holds a
 // window from the inside only; every other target catches it on all four
