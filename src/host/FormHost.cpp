@@ -220,6 +220,7 @@ void FormHost::SyncSurfaces() {
 }
 
 void FormHost::paintEvent(QPaintEvent* event) {
+  settled_ = true;
   QPainter painter(this);
   const QRect dirty = event->rect();
   painter.fillRect(dirty, ToQColor(form_.BackColor));
@@ -368,13 +369,15 @@ void FormHost::keyPressEvent(QKeyEvent* event) {
 // manager that frames a window as it shows it can leave Qt believing the
 // window stands at its place inside the frame, (0, 0); the X server knows.
 void FormHost::moveEvent(QMoveEvent*) {
-  if (syncing_) return;
+  if (syncing_ || !settled_) return;
   const QPoint at = ScreenPosition();
   QtEvents::Dispatch([this, at] {
     form_.Left = ToTwips(at.x());
     form_.Top = ToTwips(at.y());
   });
 }
+
+void FormHost::hideEvent(QHideEvent*) { settled_ = false; }
 
 QPoint FormHost::ScreenPosition() const {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();

@@ -50,6 +50,7 @@ class FormHost final : public QWidget {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
   bool event(QEvent* event) override;
@@ -83,6 +84,10 @@ class FormHost final : public QWidget {
 
   Form& form_;
   bool syncing_ = false;
+  // Drawn since it was last shown: until then the window manager is still
+  // framing the window, and the places it reports on the way are not where
+  // the window stands.
+  bool settled_ = false;
   Control* pressed_ = nullptr;  // the control a held button went down on
   QPoint pressedAt_;            // where on the screen it went down
   static inline FormHost* underPointer_ = nullptr;

@@ -33,39 +33,30 @@ class Docking : public ::testing::Test {
  protected:
   void SetUp() override {
     if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
-    if (!Hand::Available() || !Panel::Available() || std::system("command -v openbox >/dev/null"))
+    if (!Hand::Available() || !Panel::Available() || !XServer::HasWindowManager())
       GTEST_SKIP() << "no xdotool, openbox or trayer";
-    const std::string display = "DISPLAY=" + x.display();
-    windowManager =
-        std::make_unique<ChildProcess>(std::vector<std::string>{"env", display, "openbox"});
-    ASSERT_TRUE(WaitUntil([&] { return x.Managed(); }, 10s));  // before the panel comes
+    ASSERT_TRUE(x.StartWindowManager());  // before the panel comes
     ASSERT_TRUE(panel.Start(x)) << "no panel on " << x.display();
     // The playlist docked below the main window; no tray icon.
-    std::vector<std::string> lines(72);
-    lines[2] = std::to_string(kLeft * 15);
-    lines[3] = std::to_string(kTop * 15);
-    lines[7] = std::to_string(kLeft * 15);
-    lines[8] = std::to_string((kTop + 235) * 15);
-    lines[9] = "4500";
-    lines[10] = "4530";
-    lines[16] = "Playlist=True";
-    lines[20] = "Default";
-    lines[53] = "Full";
-    lines[56] = "main";
-    lines[64] = "0";
-    std::string settings;
-    for (const auto& line : lines) settings += line + "\r\n";
-    WriteBytes(folder / "settings.ini", settings);
+    WriteBytes(folder / "settings.ini", SettingsWith({{2, std::to_string(kLeft * 15)},
+                                                      {3, std::to_string(kTop * 15)},
+                                                      {7, std::to_string(kLeft * 15)},
+                                                      {8, std::to_string((kTop + 235) * 15)},
+                                                      {9, "4500"},
+                                                      {10, "4530"},
+                                                      {16, "Playlist=True"},
+                                                      {20, "Default"},
+                                                      {53, "Full"},
+                                                      {56, "main"},
+                                                      {64, "0"}}));
   }
 
+  // The main window once it shows, and the playlist window.
   std::optional<XServer::Window> MainWindow() const {
-    for (const auto& window : x.Windows())
-      if (window.mapped && window.name.rfind("Yarvo Player", 0) == 0 &&
-          window.name.find("Playlist") == std::string::npos && window.width >= 400)
-        return window;
-    return std::nullopt;
+    const auto main = x.PlayerMain();
+    return main && main->mapped ? main : std::nullopt;
   }
-  std::optional<XServer::Window> ListWindow() const { return x.Find("Yarvo Player - Playlist"); }
+  std::optional<XServer::Window> ListWindow() const { return x.PlayerList(); }
   // Waits until the main window's top left corner is at (left, top) and the
   // playlist's at (listLeft, listTop).
   bool Placed(int left, int top, int listLeft, int listTop) const {
@@ -94,7 +85,6 @@ class Docking : public ::testing::Test {
   ProgramFolder folder;
   TempDir home;
   Hand hand{x.display()};
-  std::unique_ptr<ChildProcess> windowManager;
   Panel panel;
 };
 

@@ -51,10 +51,8 @@ class EndToEnd : public ::testing::Test {
   void SetUp() override {
     if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
     if (!sound.Ready()) GTEST_SKIP() << "no private PulseAudio server here";
-    if (!Hand::Available() || std::system("command -v openbox >/dev/null") != 0)
-      GTEST_SKIP() << "no xdotool or openbox";
-    windowManager = std::make_unique<ChildProcess>(
-        std::vector<std::string>{"env", "DISPLAY=" + x.display(), "openbox"});
+    if (!Hand::Available() || !XServer::HasWindowManager()) GTEST_SKIP() << "no xdotool or openbox";
+    ASSERT_TRUE(x.StartWindowManager());
     // Five songs of 20 s: one tone the first half, another the second.
     // The last one's name is Latin-1, as old collections have them.
     for (int i = 0; i < 5; ++i) {
@@ -69,38 +67,30 @@ class EndToEnd : public ::testing::Test {
     std::string list;
     for (int i = 0; i < 4; ++i) list += songs[static_cast<std::size_t>(i)] + "\r\n";
     WriteBytes(folder / "Data/plst.data", list);
-    std::vector<std::string> lines(72);
-    lines[2] = std::to_string(kLeft * 15);
-    lines[3] = std::to_string(kTop * 15);
-    lines[7] = std::to_string(kListLeft * 15);
-    lines[8] = std::to_string(kListTop * 15);
-    lines[11] = "60";
-    lines[16] = "Playlist=True";
-    lines[20] = "Default";
-    lines[53] = "Full";
-    lines[56] = "main";
-    std::string settings;
-    for (const auto& line : lines) settings += line + "\r\n";
-    WriteBytes(folder / "settings.ini", settings);
+    WriteBytes(folder / "settings.ini", SettingsWith({{2, std::to_string(kLeft * 15)},
+                                                      {3, std::to_string(kTop * 15)},
+                                                      {7, std::to_string(kListLeft * 15)},
+                                                      {8, std::to_string(kListTop * 15)},
+                                                      {11, "60"},
+                                                      {16, "Playlist=True"},
+                                                      {20, "Default"},
+                                                      {53, "Full"},
+                                                      {56, "main"}}));
     ear = std::make_unique<Ear>(sound, home / "heard.raw");
   }
 
-  // The main window and the playlist window as the X server has them.
+  // The main window once it shows, and the playlist window.
   std::optional<XServer::Window> MainWindow() const {
-    for (const auto& window : x.Windows())
-      if (window.mapped && window.name.rfind("Yarvo Player", 0) == 0 &&
-          window.name.find("Playlist") == std::string::npos && window.width >= 400)
-        return window;
-    return std::nullopt;
+    const auto main = x.PlayerMain();
+    return main && main->mapped ? main : std::nullopt;
   }
-  std::optional<XServer::Window> ListWindow() const { return x.Find("Yarvo Player - Playlist"); }
+  std::optional<XServer::Window> ListWindow() const { return x.PlayerList(); }
 
   XServer x;
   SoundServer sound;
   ProgramFolder folder;
   TempDir home;
   Hand hand{x.display()};
-  std::unique_ptr<ChildProcess> windowManager;
   std::unique_ptr<Ear> ear;
   std::vector<std::string> songs;
 };

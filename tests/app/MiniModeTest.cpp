@@ -35,10 +35,8 @@ class MiniModeSession : public ::testing::Test {
   void SetUp() override {
     if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
     if (!sound.Ready()) GTEST_SKIP() << "no private PulseAudio server here";
-    if (!Hand::Available() || std::system("command -v openbox >/dev/null") != 0)
-      GTEST_SKIP() << "no xdotool or openbox";
-    windowManager = std::make_unique<ChildProcess>(
-        std::vector<std::string>{"env", "DISPLAY=" + x.display(), "openbox"});
+    if (!Hand::Available() || !XServer::HasWindowManager()) GTEST_SKIP() << "no xdotool or openbox";
+    ASSERT_TRUE(x.StartWindowManager());
     const std::string tone = folder / "tone.mp3", video = folder / "pattern.mp4";
     const std::string makeTone =
         "ffmpeg -loglevel error -y -f lavfi -i sine=frequency=" + std::to_string(kTone) +
@@ -91,7 +89,6 @@ class MiniModeSession : public ::testing::Test {
   ProgramFolder folder;
   TempDir home;
   Hand hand{x.display()};
-  std::unique_ptr<ChildProcess> windowManager;
   std::unique_ptr<Ear> ear;
 };
 

@@ -33,7 +33,9 @@ std::string Quoted(const std::string& text) { return "'" + text + "'"; }
 Rgb Pixels::At(int x, int y) const {
   if (!Contains(x, y)) return {-1, -1, -1};
   const auto* p = reinterpret_cast<const unsigned char*>(
-      rgb.data() + (static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)) * 3);
+      rgb.data() + (static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                    static_cast<std::size_t>(x)) *
+                       3);
   return {p[0], p[1], p[2]};
 }
 

@@ -37,21 +37,17 @@ class SkinnedWindows : public ::testing::Test {
   // Starts the player on the main window with `skin`, volume at 50 and the
   // playlist shown beside it.
   void Start(const std::string& skin) {
-    std::vector<std::string> lines(72);
-    lines[2] = std::to_string(kLeft * 15);
-    lines[3] = std::to_string(kTop * 15);
-    lines[4] = std::to_string(kWidth * 15);
-    lines[5] = std::to_string(kHeight * 15);
-    lines[7] = "7700";
-    lines[8] = "1500";
-    lines[11] = "50";
-    lines[16] = "Playlist=True";
-    lines[20] = skin;
-    lines[53] = "Full";
-    lines[56] = "main";
-    std::string settings;
-    for (const auto& line : lines) settings += line + "\r\n";
-    WriteBytes(folder / "settings.ini", settings);
+    WriteBytes(folder / "settings.ini", SettingsWith({{2, std::to_string(kLeft * 15)},
+                                                      {3, std::to_string(kTop * 15)},
+                                                      {4, std::to_string(kWidth * 15)},
+                                                      {5, std::to_string(kHeight * 15)},
+                                                      {7, "7700"},
+                                                      {8, "1500"},
+                                                      {11, "50"},
+                                                      {16, "Playlist=True"},
+                                                      {20, skin},
+                                                      {53, "Full"},
+                                                      {56, "main"}}));
     const std::string log = home / "player.log";
     player = std::make_unique<Player>(folder, home, std::vector<std::string>{}, x.display(), log);
     ASSERT_TRUE(WaitUntil([&] { return MainShows() && PlaylistShows(); })) << "the player said:\n"

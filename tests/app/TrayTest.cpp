@@ -66,30 +66,23 @@ class Tray : public ::testing::Test {
  protected:
   void SetUp() override {
     if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
-    if (!Hand::Available() || !Panel::Available() || std::system("command -v openbox >/dev/null"))
+    if (!Hand::Available() || !Panel::Available() || !XServer::HasWindowManager())
       GTEST_SKIP() << "no xdotool, openbox or trayer";
-    const std::string display = "DISPLAY=" + x.display();
-    windowManager =
-        std::make_unique<ChildProcess>(std::vector<std::string>{"env", display, "openbox"});
-    ASSERT_TRUE(WaitUntil([&] { return x.Managed(); }, 10s));  // before the panel comes
+    ASSERT_TRUE(x.StartWindowManager());  // before the panel comes
     ASSERT_TRUE(panel.Start(x)) << "no notification area on " << x.display();
   }
 
   // A player whose settings switch the icon on ("1") or off ("0").
   std::unique_ptr<Player> Start(const char* check7) {
-    std::vector<std::string> lines(72);
-    lines[2] = std::to_string(kLeft * 15);
-    lines[3] = std::to_string(kTop * 15);
-    lines[7] = std::to_string(kLeft * 15);
-    lines[8] = std::to_string((kTop + 235) * 15);
-    lines[16] = "Playlist=True";
-    lines[20] = "Default";
-    lines[53] = "Full";
-    lines[56] = "main";
-    lines[64] = check7;
-    std::string settings;
-    for (const auto& line : lines) settings += line + "\r\n";
-    WriteBytes(folder / "settings.ini", settings);
+    WriteBytes(folder / "settings.ini", SettingsWith({{2, std::to_string(kLeft * 15)},
+                                                      {3, std::to_string(kTop * 15)},
+                                                      {7, std::to_string(kLeft * 15)},
+                                                      {8, std::to_string((kTop + 235) * 15)},
+                                                      {16, "Playlist=True"},
+                                                      {20, "Default"},
+                                                      {53, "Full"},
+                                                      {56, "main"},
+                                                      {64, check7}}));
     auto player = std::make_unique<Player>(folder, home, std::vector<std::string>{}, x.display());
     EXPECT_TRUE(WaitUntil([&] { return Shows(MainWindow()) && Shows(ListWindow()); }));
     return player;
@@ -98,14 +91,8 @@ class Tray : public ::testing::Test {
   static bool Shows(const std::optional<XServer::Window>& window) {
     return window && window->mapped;
   }
-  std::optional<XServer::Window> MainWindow() const {
-    for (const auto& window : x.Windows())
-      if (window.name.rfind("Yarvo Player", 0) == 0 &&
-          window.name.find("Playlist") == std::string::npos && window.width >= 400)
-        return window;
-    return std::nullopt;
-  }
-  std::optional<XServer::Window> ListWindow() const { return x.Find("Yarvo Player - Playlist"); }
+  std::optional<XServer::Window> MainWindow() const { return x.PlayerMain(); }
+  std::optional<XServer::Window> ListWindow() const { return x.PlayerList(); }
   // The player's icon as the tray shows it.
   std::optional<XServer::Window> Icon() const {
     const auto area = x.Find("panel");
@@ -120,7 +107,6 @@ class Tray : public ::testing::Test {
   ProgramFolder folder;
   TempDir home;
   Hand hand{x.display()};
-  std::unique_ptr<ChildProcess> windowManager;
   Panel panel;
 };
 

@@ -5,12 +5,14 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <thread>
 
 #include "PlayerProcess.h"
+#include "support/SoundServer.h"
 
 // Last: Xlib's macros (None, Bool, Status) would clash with the headers above.
 #include <X11/Xatom.h>
@@ -91,10 +93,27 @@ XServer::XServer() {
 }
 
 XServer::~XServer() {
+  windowManager_.reset();
   if (pid_ > 0) {
     kill(pid_, SIGTERM);
     waitpid(pid_, nullptr, 0);
   }
+}
+
+std::optional<XServer::Window> XServer::PlayerMain() const {
+  for (const auto& window : Windows())
+    if (window.name.rfind("Yarvo Player", 0) == 0 &&
+        window.name.find("Playlist") == std::string::npos && window.width >= 400)
+      return window;
+  return std::nullopt;
+}
+
+bool XServer::HasWindowManager() { return std::system("command -v openbox >/dev/null") == 0; }
+
+bool XServer::StartWindowManager() {
+  windowManager_ = std::make_unique<ChildProcess>(
+      std::vector<std::string>{"env", "DISPLAY=" + display_, "openbox"});
+  return WaitUntil([&] { return Managed(); }, 10s);
 }
 
 bool XServer::Managed() const {

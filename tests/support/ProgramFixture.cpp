@@ -38,9 +38,9 @@ void PressAndReleaseThumb(ctlScrollbar& bar) {
   bar.MouseUp(e);
 }
 
-std::string SettingsWith(std::initializer_list<std::pair<int, const char*>> lines) {
+std::string SettingsWith(std::initializer_list<std::pair<int, std::string>> lines) {
   std::vector<std::string> text(72);
-  for (auto [line, value] : lines) text.at(static_cast<std::size_t>(line)) = value;
+  for (const auto& [line, value] : lines) text.at(static_cast<std::size_t>(line)) = value;
   std::string bytes;
   for (const auto& line : text) bytes += line + "\r\n";
   return bytes;

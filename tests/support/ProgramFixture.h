@@ -30,7 +30,7 @@ std::vector<std::string> Rows(const StringList& list);
 // A press and a release of the left button in the middle of a bar's thumb.
 void PressAndReleaseThumb(ctlScrollbar& bar);
 // A settings.ini of 72 lines, empty but for the given ones.
-std::string SettingsWith(std::initializer_list<std::pair<int, const char*>> lines);
+std::string SettingsWith(std::initializer_list<std::pair<int, std::string>> lines);
 
 class ProgramFixture : public ::testing::Test {
  protected:
