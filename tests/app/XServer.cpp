@@ -1,5 +1,6 @@
 #include "XServer.h"
 
+#include <poll.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -7,7 +8,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <thread>
 
@@ -52,44 +52,38 @@ namespace {
 // the test's process for that.
 int IgnoreXErrors(Display*, XErrorEvent*) { return 0; }
 
-// The process that holds display `number`, as its lock file tells; -1 when
-// no one does yet.
-pid_t LockHolder(const std::string& number) {
-  std::ifstream lock("/tmp/.X" + number + "-lock");
-  long pid = -1;
-  return lock >> pid ? static_cast<pid_t>(pid) : -1;
+// Reads what `fd` gives until a newline, end or `patience`.
+std::string ReadLine(int fd, std::chrono::milliseconds patience) {
+  std::string line;
+  const auto deadline = std::chrono::steady_clock::now() + patience;
+  while (line.find('\n') == std::string::npos && std::chrono::steady_clock::now() < deadline) {
+    pollfd wait{fd, POLLIN, 0};
+    if (poll(&wait, 1, 50) <= 0) continue;
+    char bytes[16];
+    const ssize_t got = read(fd, bytes, sizeof bytes);
+    if (got <= 0) break;
+    line.append(bytes, static_cast<std::size_t>(got));
+  }
+  return line.substr(0, line.find('\n'));
 }
 
 }  // namespace
 
-// Tests of other processes run servers of their own at the same time: a
-// display that is taken is passed over, and the server started is ours only
-// once the display's lock names it, so that no test talks to another's
-// server.
+// Tests of other processes run servers of their own at the same time: the
+// server takes the first display that is free, and says which (-displayfd),
+// so that two servers never try one display, and a loser never removes the
+// winner's socket on its way out.
 XServer::XServer() {
   XSetErrorHandler(IgnoreXErrors);
-  for (int attempt = 0; attempt < 20 && !ready_; ++attempt) {
-    // Above the displays that xvfb-run picks (99 and up, one by one).
-    const std::string number = std::to_string(300 + (getpid() + attempt) % 600);
-    if (LockHolder(number) > 0) continue;
-    display_ = ":" + number;
-    const std::string socket = "/tmp/.X11-unix/X" + number;
-    pid_ = Spawn({"Xvfb", display_, "-screen", "0", "1024x768x24", "-nolisten", "tcp"});
-    const auto deadline = std::chrono::steady_clock::now() + 20s;
-    bool ended = pid_ <= 0;
-    while (!ended && !(LockHolder(number) == pid_ && std::filesystem::exists(socket)) &&
-           std::chrono::steady_clock::now() < deadline) {
-      std::this_thread::sleep_for(20ms);
-      ended = waitpid(pid_, nullptr, WNOHANG) == pid_;
-    }
-    if (ended) pid_ = -1;
-    ready_ = !ended && LockHolder(number) == pid_ && std::filesystem::exists(socket);
-    if (!ready_ && pid_ > 0) {
-      kill(pid_, SIGTERM);
-      waitpid(pid_, nullptr, 0);
-      pid_ = -1;
-    }
-  }
+  int told[2];
+  if (pipe(told) != 0) return;
+  pid_ = Spawn({"Xvfb", "-displayfd", std::to_string(told[1]), "-screen", "0", "1024x768x24",
+                "-nolisten", "tcp"});
+  close(told[1]);
+  const std::string number = pid_ > 0 ? ReadLine(told[0], 20s) : "";
+  close(told[0]);
+  ready_ = !number.empty();
+  display_ = ":" + number;
 }
 
 XServer::~XServer() {
