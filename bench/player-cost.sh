@@ -15,6 +15,10 @@
 #   Audacious (GTK) on the same file, playing and paused, where it can be
 #   installed; its row is left out otherwise.
 #
+# Beside the player's playing rows it prints how many frames a second its
+# visualisation draws: the main window's busiest rectangle as the X server
+# sees it drawn (bench/frames/frame_rate), over the same span.
+#
 # The player is driven as a person would drive it: its keyboard shortcuts
 # (Space pauses, S stops, Enter plays) through xdotool, and the window
 # manager's minimise.
@@ -50,6 +54,9 @@ if [ -z "$folder" ]; then
   folder=$root/build/release/bin
 fi
 [ -x "$folder/yarvo-player" ] || { echo "no yarvo-player in $folder" >&2; exit 1; }
+cmake --preset bench >/dev/null
+cmake --build --preset bench --target frame_rate >/dev/null
+frame_rate=$root/build/bench/bench/frames/frame_rate
 
 # Audacious is a peer, not a dependency: installed when the machine allows it.
 if ! command -v audacious >/dev/null || ! command -v audtool >/dev/null; then
@@ -135,15 +142,21 @@ rates() {
       printf "%.3f %.1f", (live > ticks ? live : ticks) * 60 / span, (s - t) / span }'
 }
 
-printf '\n%-34s %9s %9s %9s   %9s %9s\n' "CPU s a minute, wake-ups a second" player server both \
-  "player/s" "server/s"
+printf '\n%-34s %9s %9s %9s   %9s %9s   %9s\n' "CPU s a minute, wake-ups a second" player server both \
+  "player/s" "server/s" "frames/s"
 row() {
-  printf '%-34s %9s %9s %9s   %9s %9s\n' "$@"
+  printf '%-34s %9s %9s %9s   %9s %9s   %9s\n' "$@" "${frames:--}"
 }
 
-# Measures `pid` (empty for none) and the sound server over one span.
+# Measures `pid` (empty for none) and the sound server over one span, and
+# with a third argument, the frames a second drawn in that window.
 measure() {
-  local label=$1 pid=$2 p0="" s0 p1="" s1 start span mine theirs
+  local label=$1 pid=$2 window=${3:-} p0="" s0 p1="" s1 start span mine theirs counter=""
+  frames=""
+  if [ -n "$window" ]; then
+    "$frame_rate" "$window" "$seconds" >"$work/frames" 2>&1 &
+    counter=$!
+  fi
   if [ -n "$pid" ] && ! kill -0 "$pid" 2>/dev/null; then
     row "$label" ended - - - -
     return
@@ -158,6 +171,9 @@ measure() {
   fi
   s1=$(counts "$server")
   span=$(echo "$(date +%s.%N) - $start" | bc)
+  if [ -n "$counter" ]; then
+    wait "$counter" && frames=$(cut -d' ' -f1 "$work/frames") || frames="?"
+  fi
   theirs=($(rates "$s0" "$s1" "$span"))
   if [ -n "$pid" ]; then
     mine=($(rates "$p0" "$p1" "$span"))
@@ -222,7 +238,9 @@ press() {
 start_player "$song"
 await_stream
 sleep 3
-measure "yarvo playing, window shown" "$player"
+main_window=$(xdotool search --all --onlyvisible --pid "$player" --name '^Yarvo Player$' | head -n 1)
+[ -n "$main_window" ] || { echo "the player's main window was not found" >&2; exit 1; }
+measure "yarvo playing, window shown" "$player" "$main_window"
 press space || true
 sleep 1
 measure "yarvo paused" "$player"
@@ -236,7 +254,7 @@ sleep 3
 windows=$(shown_windows)
 for window in $windows; do xdotool windowminimize "$window"; done
 sleep 2
-measure "yarvo playing, minimised" "$player"
+measure "yarvo playing, minimised" "$player" "$main_window"
 still=$(shown_windows | wc -l)
 await_exit "$player" "$work/yarvo.log"
 
