@@ -12,8 +12,10 @@ constexpr char kName[] = "Yarvo Player";
 // The whole latency the stream asks for; the server splits it between the
 // sink and the stream's queue as the sink allows.
 constexpr pa_usec_t kBufferUsec = 200 * PA_USEC_PER_MSEC;
-// A silent stream is kept this long for the next song, then let go.
-constexpr pa_usec_t kReleaseAfterUsec = 5 * PA_USEC_PER_SEC;
+// A silent stream is kept this long for the next song, then let go: even
+// corked, a stream holds the sink to its short latency, and the server
+// wakes for it many times a second.
+constexpr pa_usec_t kReleaseAfterUsec = 2 * PA_USEC_PER_SEC;
 // The longest the interface thread waits for the server to answer.
 constexpr pa_usec_t kAnswerUsec = 2 * PA_USEC_PER_SEC;
 constexpr std::size_t kFrameBytes = 2 * sizeof(float);

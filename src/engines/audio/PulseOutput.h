@@ -10,11 +10,12 @@
 // stream's own and applies to what the server holds, and heardFrame() takes
 // the server's latency off what was rendered.
 //
-// While nothing sounds the stream plays out what it holds and is corked, so
-// the server rests; after a few seconds of silence the stream and the
-// connection are released, and an idle player holds none. The next start()
-// opens them again. If the server goes away while a song plays, a NullOutput
-// takes over, so positions go on at real-time pace and songs still end.
+// While nothing sounds the stream plays out what it holds and is corked;
+// after two seconds of silence the stream and the connection are released
+// (a corked stream still keeps the server waking), and an idle player holds
+// none. The next start() opens them again. If the server goes away while a
+// song plays, a NullOutput takes over, so positions go on at real-time pace
+// and songs still end.
 //
 // Threads: libpulse's threaded main loop runs the stream and renders in its
 // write callback; every other call comes from the interface thread and holds
