@@ -127,6 +127,7 @@ FormHost::FormHost(Form& form) : form_(form) {
   // surfaces have native windows) but shows only at the first Sync.
   syncing_ = true;
   SyncWindow();
+  MakeSurfaces();
   SyncSurfaces();
   syncing_ = false;
 }
@@ -198,34 +199,58 @@ void FormHost::Repaint(const Form::Changes& changes) {
   }
 }
 
-void FormHost::SyncSurfaces() {
+// The boxes that ask for a native surface say so when they are made, so the
+// surfaces are made with the host and only their places follow the model.
+void FormHost::MakeSurfaces() {
   for (Control* control : form_.Controls()) {
     auto* box = dynamic_cast<PictureBox*>(control);
     if (!box || !box->NativeSurface) continue;
-    auto& surface = surfaces_[box];
-    if (!surface) {
-      surface = std::make_unique<QWidget>(this);
-      surface->setAttribute(Qt::WA_NativeWindow);
-      surface->setAttribute(Qt::WA_DontCreateNativeAncestors);
-      surface->setAutoFillBackground(true);
-      QPalette black = surface->palette();
-      black.setColor(QPalette::Window, Qt::black);
-      surface->setPalette(black);
-      box->hWnd = static_cast<std::uintptr_t>(surface->winId());
-    }
+    auto surface = std::make_unique<QWidget>(this);
+    surface->setAttribute(Qt::WA_NativeWindow);
+    surface->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    surface->setAutoFillBackground(true);
+    QPalette black = surface->palette();
+    black.setColor(QPalette::Window, Qt::black);
+    surface->setPalette(black);
+    box->hWnd = static_cast<std::uintptr_t>(surface->winId());
+    surfaces_.emplace_back(box, std::move(surface));
+  }
+}
+
+void FormHost::SyncSurfaces() {
+  for (const auto& [box, surface] : surfaces_) {
     const QRect wanted = WindowRect(*box);
     if (surface->geometry() != wanted) surface->setGeometry(wanted);
     if (surface->isVisible() != box->Shown()) surface->setVisible(box->Shown());
   }
 }
 
+// Where painting `dirty` starts: at the topmost opaque box that covers it
+// whole, as nothing beneath shows (a frame of the visualisation paints only
+// itself); at the form itself, 0, when none does. The result is one past the
+// control it names.
+std::size_t FormHost::PaintFrom(const QRect& dirty) const {
+  const auto& controls = form_.Controls();
+  for (std::size_t i = controls.size(); i > 0; --i) {
+    const auto* box = dynamic_cast<const PictureBox*>(controls[i - 1]);
+    if (box && !box->Transparent && box->Shown() && VisibleRect(*box).contains(dirty)) return i;
+  }
+  return 0;
+}
+
 void FormHost::paintEvent(QPaintEvent* event) {
   settled_ = true;
   QPainter painter(this);
   const QRect dirty = event->rect();
-  painter.fillRect(dirty, ToQColor(form_.BackColor));
-  if (const Image* image = form_.Picture.get().Pixels()) painter.drawImage(0, 0, ToQImage(*image));
-  for (const Control* control : form_.Controls()) {
+  const std::size_t from = PaintFrom(dirty);
+  if (from == 0) {
+    painter.fillRect(dirty, ToQColor(form_.BackColor));
+    if (const Image* image = form_.Picture.get().Pixels())
+      painter.drawImage(0, 0, ToQImage(*image));
+  }
+  const auto& controls = form_.Controls();
+  for (std::size_t i = from == 0 ? 0 : from - 1; i < controls.size(); ++i) {
+    const Control* control = controls[i];
     if (!control->Shown()) continue;
     const QRect area = VisibleRect(*control) & dirty;
     if (area.isEmpty()) continue;

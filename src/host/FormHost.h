@@ -13,6 +13,8 @@
 
 #include <memory>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "core/form/Form.h"
 #include "core/form/Twips.h"
@@ -62,6 +64,7 @@ class FormHost final : public QWidget {
 
  private:
   Control* ControlAt(const QPoint& pixel) const;
+  std::size_t PaintFrom(const QRect& dirty) const;
   // The control under `pixel` that takes dropped files, or null.
   Control* FileDropTarget(const QPoint& pixel) const;
   void SyncWindow();
@@ -72,13 +75,14 @@ class FormHost final : public QWidget {
   void SyncOnTop();
   void SyncCursor(const QPoint& pixel);
   // Native child windows for the controls that show video.
+  void MakeSurfaces();
   void SyncSurfaces();
   void Repaint(const Form::Changes& changes);
   // A step of a move or size: the rectangle the pointer asks for, as the
   // form takes it.
   void DragStep(int hitCode, const QRect& wanted);
 
-  std::unordered_map<PictureBox*, std::unique_ptr<QWidget>> surfaces_;
+  std::vector<std::pair<PictureBox*, std::unique_ptr<QWidget>>> surfaces_;
   // Where each control was last drawn, so that a moved one is cleared.
   std::unordered_map<const Control*, QRect> drawn_;
 
