@@ -138,9 +138,12 @@ void MprisService::Follow() {
     clock = program_.Main().TSec.Caption;
   });
   WatchSeeks(now, clock);
+  clock_ = clock;
+  // Most changes of the model (a frame of the visualisation) change nothing
+  // the desktop is told.
+  if (now == told_) return;
   const QVariantMap changes = MprisPlayer::Changes(told_, now);
   told_ = now;
-  clock_ = clock;
   if (changes.isEmpty()) return;
   QDBusMessage signal =
       QDBusMessage::createSignal(kObjectPath, QStringLiteral("org.freedesktop.DBus.Properties"),
