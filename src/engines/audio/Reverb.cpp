@@ -212,6 +212,7 @@ void Reverb::process(float* interleaved, std::size_t frames) noexcept {
     updateParameters();
     if (first) wet_ = wetTarget_;
   }
+  if (resting()) return;
   const auto chans = static_cast<std::size_t>(channels_);
   while (frames > 0) {
     const std::size_t n = std::min(frames, blockFrames_);
@@ -219,6 +220,26 @@ void Reverb::process(float* interleaved, std::size_t frames) noexcept {
     interleaved += n * chans;
     frames -= n;
   }
+}
+
+// At -96 dB nothing of the tail is heard: once the level has come down to
+// it, the network stops and the signal passes as it is. When the level rises
+// again the network starts from silence, not from what it held when it
+// stopped.
+bool Reverb::resting() noexcept {
+  constexpr float kUnheard = 1e-5f;  // -100 dB
+  if (wetTarget_ == 0.0f && wet_ < kUnheard) {
+    wet_ = 0.0f;
+    return true;
+  }
+  if (wet_ == 0.0f) silence();
+  return false;
+}
+
+void Reverb::silence() noexcept {
+  std::fill(ring_.begin(), ring_.end(), 0.0f);
+  for (Delay& d : diffusers_) std::fill(d.buffer.begin(), d.buffer.end(), 0.0f);
+  shelfState_.fill(0.0f);
 }
 
 void Reverb::processBlock(float* interleaved, std::size_t frames) noexcept {

@@ -10,7 +10,8 @@
 // is wide and decorrelated.
 //
 // fInGain scales only what enters the network; the dry signal always passes
-// untouched, and the wet tail is added at fReverbMix (-96 dB: none).
+// untouched, and the wet tail is added at fReverbMix (-96 dB: none, and the
+// network rests).
 
 #include "engines/audio/Bass.h"
 #include "engines/audio/Effect.h"
@@ -50,6 +51,8 @@ class Reverb final : public Effect {
   static constexpr std::size_t kMaxBlock = 96;
 
   void updateParameters() noexcept;
+  bool resting() noexcept;
+  void silence() noexcept;
   void processBlock(float* interleaved, std::size_t frames) noexcept;
   // The diffusers over block_ in place; the early reflections to earlyLeft_
   // and earlyRight_.

@@ -112,6 +112,26 @@ TEST_F(EffectsTest, ReverbMixDecidesWhetherAClickLeavesATail) {
   EXPECT_GE(peak(wet, clickFrame, 1), 0.49);
 }
 
+// At -96 dB the reverb passes the signal exactly as it is, and raised later
+// it starts from silence: nothing of a click played while it was at none
+// rings out after it is raised.
+TEST_F(EffectsTest, AReverbAtNoneHoldsNothingOfWhatPassed) {
+  const auto signal = click(0.1, 0.5, 2.0);
+  const HSTREAM stream = openWav(signal, true);
+  const HFX reverb = BASS_ChannelSetFX(stream, BASS_FX_DX8_REVERB, 0);
+  BASS_DX8_REVERB p{0.0f, -96.0f, 3000.0f, 0.5f};
+  ASSERT_TRUE(BASS_FXSetParameters(reverb, &p));
+  ASSERT_TRUE(BASS_ChannelPlay(stream, BASS_FALSE));
+  const auto before = render(0.3);
+  EXPECT_NEAR(peak(before, 4410, 1), 0.5, 1e-7) << "the click passes exactly";
+  EXPECT_EQ(peak(before, 4411, before.size() / 2 - 4411), 0.0);
+
+  p.fReverbMix = 0.0f;
+  ASSERT_TRUE(BASS_FXSetParameters(reverb, &p));
+  EXPECT_EQ(peak(render(0.5), 0, 44100 / 2), 0.0) << "no tail of the click";
+  BASS_StreamFree(stream);
+}
+
 // A room, not a comb: after a click the tail fills every 5 ms window from
 // 20 ms to 300 ms, with no silent gaps between separate echoes. And a longer
 // reverb time leaves more of it a second after the click.
