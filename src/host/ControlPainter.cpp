@@ -46,19 +46,24 @@ void PaintLabel(QPainter& p, const Label& label, const QRect& r) {
   p.drawText(r, Alignment(label) | Qt::AlignVCenter | Qt::TextSingleLine, Q(label.Caption));
 }
 
-// Rows from the top one shown, only as many as fit; the chosen row in the
-// list's colours turned round.
+// Rows from the top one shown, only as many as fit. The chosen row lies on a
+// bar of the text colour a third of the way into the background, so it stands
+// out in any skin and its text keeps the list's own colour.
 void PaintListBox(QPainter& p, const ListBox& list, const QRect& r) {
-  p.fillRect(r, ToQColor(list.BackColor));
+  const QColor back = ToQColor(list.BackColor);
+  const QColor fore = ToQColor(list.ForeColor);
+  const auto third = [](int a, int b) { return (2 * a + b) / 3; };
+  const QColor bar(third(back.red(), fore.red()), third(back.green(), fore.green()),
+                   third(back.blue(), fore.blue()));
+  p.fillRect(r, back);
   p.setFont(ControlFont(list));
+  p.setPen(fore);
   const int rowHeight = std::max(1, list.RowHeight());
   int y = r.top();
   for (int row = std::max(0, list.TopIndex.get()); row < list.ListCount() && y < r.bottom();
        ++row, y += rowHeight) {
     const QRect line(r.left(), y, r.width(), rowHeight);
-    const bool chosen = list.IsSelected(row);
-    if (chosen) p.fillRect(line, ToQColor(list.ForeColor));
-    p.setPen(ToQColor(chosen ? list.BackColor : list.ForeColor));
+    if (list.IsSelected(row)) p.fillRect(line, bar);
     p.drawText(line.adjusted(3, 0, -3, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                Q(list.List(row)));
   }
