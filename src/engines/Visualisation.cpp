@@ -188,15 +188,30 @@ void DrawSpectrum(SpectrumState& state, BassApi& bass, DWORD channel) {
   }
 }
 
+namespace {
+
+std::uint32_t Rgb(const PaletteEntry& c) {
+  return std::uint32_t{c.red} << 16 | std::uint32_t{c.green} << 8 | c.blue;
+}
+
+bool Shows(const IndexedImage& frame, const SpectrumState& state) {
+  const auto pixels = state.specBuf.begin();
+  return frame.width == kSpecWidth && frame.height == kSpecHeight &&
+         std::equal(frame.pixels.begin(), frame.pixels.end(), pixels,
+                    pixels + kSpecWidth * kSpecHeight) &&
+         std::equal(
+             frame.palette.begin(), frame.palette.end(), state.palette.begin(),
+             [](std::uint32_t shown, const PaletteEntry& entry) { return shown == Rgb(entry); });
+}
+
+}  // namespace
+
 std::shared_ptr<const IndexedImage> SpectrumFrame(const SpectrumState& state) {
   auto frame = std::make_shared<IndexedImage>();
   frame->width = kSpecWidth;
   frame->height = kSpecHeight;
   frame->pixels.assign(state.specBuf.begin(), state.specBuf.begin() + kSpecWidth * kSpecHeight);
-  for (std::size_t i = 0; i < frame->palette.size(); ++i) {
-    const PaletteEntry& c = state.palette[i];
-    frame->palette[i] = std::uint32_t{c.red} << 16 | std::uint32_t{c.green} << 8 | c.blue;
-  }
+  std::transform(state.palette.begin(), state.palette.end(), frame->palette.begin(), Rgb);
   return frame;
 }
 
@@ -208,12 +223,12 @@ void UpdateSpectrum() {
     DrawSpectrum(state, p.bass(), channel);
   });
   ResumeNext([&] {
-    auto frame = SpectrumFrame(state);
-    if (p.DataForm().MiniMode == "True") {
-      p.MiniForm().Visualisation.Drawing = std::move(frame);
-    } else {
-      p.Main().Visualisation.Drawing = std::move(frame);
-    }
+    auto& surface =
+        p.DataForm().MiniMode == "True" ? p.MiniForm().Visualisation : p.Main().Visualisation;
+    // A frame like the one shown is not handed on, so nothing is repainted
+    // for it: silence, or a song's quiet end, draws nothing new.
+    if (const auto& shown = surface.Drawing.get(); shown && Shows(*shown, state)) return;
+    surface.Drawing = SpectrumFrame(state);
   });
 }
 

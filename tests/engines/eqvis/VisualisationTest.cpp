@@ -7,8 +7,10 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <fstream>
+#include <numbers>
 #include <set>
 #include <string>
 #include <vector>
@@ -80,6 +82,18 @@ void WritePng(const std::filesystem::path& path, const IndexedImage& image, int 
 
 // A tone centred on spectrum bin `bin` (2048 points at 44.1 kHz).
 double BinHz(int bin) { return bin * 44100.0 / 2048.0; }
+
+// A tone rising from 200 Hz by 2 kHz a second: no two frames show the same.
+Signal Sweep(double seconds) {
+  Signal s;
+  s.samples.resize(static_cast<std::size_t>(seconds * 44100));
+  for (std::size_t n = 0; n < s.samples.size(); ++n) {
+    const double t = static_cast<double>(n) / 44100;
+    s.samples[n] =
+        static_cast<float>(0.3 * std::sin(2 * std::numbers::pi * (200 * t + 1000 * t * t)));
+  }
+  return s;
+}
 
 Signal Level(double value, double seconds, int channels = 1) {
   Signal s;
@@ -310,11 +324,32 @@ TEST_F(VisualisationTest, TheSkinsRowsBuildThePaletteOfTheUpsideDownPicture) {
       << "the line of +1 at the bottom: entry 1 is 253, 1.5 -> 2, 0.25 -> 0";
 }
 
+// A frame that would show what the last one showed is not handed to the
+// window, so silence repaints nothing; the sound's return draws again.
+TEST_F(VisualisationTest, SilenceDrawsNoNewFrames) {
+  auto silenceThenTone = Level(0.0, 2.0);
+  const auto tone = sine(1000, 0.3, 2.0);
+  silenceThenTone.samples.insert(silenceThenTone.samples.end(), tone.samples.begin(),
+                                 tone.samples.end());
+  Draw(Opt().Option8, silenceThenTone);
+  auto& surface = R().Main().Visualisation;
+  const auto first = surface.Drawing.get();
+  ASSERT_NE(first, nullptr);
+  for (int frame = 0; frame < 8; ++frame) {
+    Render(0.025);
+    clock.Advance(25);
+  }
+  EXPECT_EQ(surface.Drawing.get(), first);
+  Render(1.5);
+  clock.Advance(25);
+  EXPECT_NE(surface.Drawing.get(), first) << "the tone is drawn";
+}
+
 // Minimised by the window system, the window shows no frames and none are
 // drawn; restored, the frames come back by themselves. A paused song draws
 // none either, and its frames come back with the sound.
 TEST_F(VisualisationTest, NoFramesAreDrawnWhileNoOneCanSeeThemOrTheSongStandsStill) {
-  Draw(Opt().Option8, sine(1000, 0.3, 20.0));
+  Draw(Opt().Option8, Sweep(5.0));
   auto& engine = R().frmBass();
   engine.BassON = "True";  // as the director marks the engine that plays
   auto& surface = R().Main().Visualisation;
