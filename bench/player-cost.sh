@@ -28,10 +28,7 @@
 #   -p  a folder that holds a built yarvo-player and its data (as
 #       build/release/bin does); without it the release preset is built.
 #
-# CPU time is the larger of two counts: the sum over the live threads of
-# /proc/<pid>/task/*/schedstat (nanoseconds) and the process's utime + stime
-# (clock ticks, which keep the time of threads that ended). Wake-ups count the
-# threads alive at the end of a span.
+# How CPU time and wake-ups are read: bench/support/process-cost.sh.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$PWD
@@ -118,29 +115,7 @@ ffmpeg -nostdin -hide_banner -loglevel error -y -f lavfi -i \
 
 # ---- measuring ----
 
-ticks_per_second=$(getconf CLK_TCK)
-
-# "<cpu ns of live threads> <cpu ns from utime + stime> <voluntary switches>"
-counts() {
-  local pid=$1 ns=0 switches=0 task run rest fields
-  for task in /proc/"$pid"/task/*; do
-    read -r run rest <"$task/schedstat" 2>/dev/null || continue
-    ns=$((ns + run))
-    switches=$((switches + $(awk '/^voluntary_ctxt_switches/ {print $2}' "$task/status" 2>/dev/null || echo 0)))
-  done
-  fields=$(sed 's/.*) //' /proc/"$pid"/stat 2>/dev/null) || return 1
-  set -- $fields
-  echo "$ns $(((${12} + ${13}) * 1000000000 / ticks_per_second)) $switches"
-}
-
-# CPU seconds a minute and wake-ups a second between two counts over `span` s.
-rates() {
-  local before=($1) after=($2) span=$3
-  awk -v a="${after[0]}" -v b="${before[0]}" -v c="${after[1]}" -v d="${before[1]}" \
-    -v s="${after[2]}" -v t="${before[2]}" -v span="$span" 'BEGIN {
-      live = (a - b) / 1e9; ticks = (c - d) / 1e9
-      printf "%.3f %.1f", (live > ticks ? live : ticks) * 60 / span, (s - t) / span }'
-}
+. bench/support/process-cost.sh
 
 printf '\n%-34s %9s %9s %9s   %9s %9s   %9s\n' "CPU s a minute, wake-ups a second" player server both \
   "player/s" "server/s" "frames/s"

@@ -14,9 +14,7 @@
 #   -p  a folder that holds a built yarvo-player and its data (as
 #       build/release/bin does); without it the release preset is built.
 #
-# CPU time is the larger of two counts: the sum over the live threads of
-# /proc/<pid>/task/*/schedstat and the process's utime + stime (which keeps
-# the time of threads that ended).
+# How CPU time and wake-ups are read: bench/support/process-cost.sh.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$PWD
@@ -77,33 +75,17 @@ ffmpeg -nostdin -hide_banner -loglevel error -y -f lavfi -i testsrc=size=640x360
   -f lavfi -i sine=frequency=440:sample_rate=44100 -t $((seconds + 20)) \
   -c:v libx264 -pix_fmt yuv420p -c:a aac -shortest "$video"
 
-ticks_per_second=$(getconf CLK_TCK)
-
-# "<cpu ns of live threads> <cpu ns from utime + stime> <voluntary switches>"
-counts() {
-  local pid=$1 ns=0 switches=0 task run rest fields
-  for task in /proc/"$pid"/task/*; do
-    read -r run rest <"$task/schedstat" 2>/dev/null || continue
-    ns=$((ns + run))
-    switches=$((switches + $(awk '/^voluntary_ctxt_switches/ {print $2}' "$task/status" 2>/dev/null || echo 0)))
-  done
-  fields=$(sed 's/.*) //' /proc/"$pid"/stat 2>/dev/null) || return 1
-  set -- $fields
-  echo "$ns $(((${12} + ${13}) * 1000000000 / ticks_per_second)) $switches"
-}
+. bench/support/process-cost.sh
 
 # Prints "<cpu s a minute> <wake-ups a second>" of `pid` over the span.
 measure() {
   local pid=$1 before after start span
-  before=($(counts "$pid"))
+  before=$(counts "$pid")
   start=$(date +%s.%N)
   sleep "$seconds"
-  after=($(counts "$pid")) || { echo "ended -"; return; }
+  after=$(counts "$pid") || { echo "ended -"; return; }
   span=$(echo "$(date +%s.%N) - $start" | bc)
-  awk -v a="${after[0]}" -v b="${before[0]}" -v c="${after[1]}" -v d="${before[1]}" \
-    -v s="${after[2]}" -v t="${before[2]}" -v span="$span" 'BEGIN {
-      live = (a - b) / 1e9; ticks = (c - d) / 1e9
-      printf "%.3f %.1f", (live > ticks ? live : ticks) * 60 / span, (s - t) / span }'
+  rates "$before" "$after" "$span"
 }
 
 await_stream() {
