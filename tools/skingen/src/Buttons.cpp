@@ -68,7 +68,7 @@ QImage SmallButtonPicture(const Theme& t, const QImage& panel, const SmallButton
   }
   const int left = b.mark == Mark::None ? 0 : kLabelLeft;
   DrawPixelTextCentred(p, (left + kFaceRight) / 2.0, kLabelTop, QString::fromLatin1(b.label), ink,
-                       1, PixelFace::Capitals);
+                       1, PixelFace::Tall);
   return image;
 }
 

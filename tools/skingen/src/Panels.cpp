@@ -6,6 +6,7 @@
 #include <QRadialGradient>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "Frame.h"
 #include "Glyphs.h"
@@ -69,28 +70,39 @@ void DrawDivider(QPainter& p, const Theme& t, int left, int right, int y) {
   p.fillRect(QRect(left, y, right - left + 1, 1), Mix(t.screen, t.screenInkDim, 0.45));
 }
 
+// A slider's picture ends in a row of floor below its groove: the band
+// names start one row lower, so two rows part them from the groove and two
+// from the tray's lip.
 void DrawEqualizerLegends(QPainter& p, const Theme& t) {
-  const int labelY = L::kEqTop + L::kEqSlider.height() + 3;
+  const int labelY = L::kEqTop + L::kEqSlider.height() + 1;
   static const char* const kBands[L::kBands] = {"80", "150", "300", "500", "750",
                                                 "1K", "3K",  "8K",  "12K", "15K"};
   const double half = L::kEqSlider.width() / 2.0;
-  DrawPixelTextCentred(p, L::kReverbX + half, labelY, QStringLiteral("REV"), t.engraving);
+  const auto legend = [&](double centreX, int y, const QString& text) {
+    DrawPixelTextCentred(p, centreX, y, text, t.legend, 1, PixelFace::Tall);
+  };
+  legend(L::kReverbX + half, labelY, QStringLiteral("REV"));
   for (int b = 0; b < L::kBands; ++b) {
-    DrawPixelTextCentred(p, L::kFirstBandX + b * L::kBandStep + half, labelY,
-                         QString::fromLatin1(kBands[b]), t.engraving);
+    legend(L::kFirstBandX + b * L::kBandStep + half, labelY, QString::fromLatin1(kBands[b]));
   }
   // The thumb's centre travels from 12 to 68 px below the slider's top: the
-  // scale marks +10, 0 and -10 dB and the steps of 5 between.
+  // scale marks +10, 0 and -10 dB and the steps of 5 between, its numbers
+  // set flush right against the marks and centred on them.
   const int tickX = L::kFirstBandX - 4;
   const int top = L::kEqTop + 12;
   for (int step = 0; step <= 4; ++step) {
     const bool major = step % 2 == 0;
-    p.fillRect(QRect(tickX + (major ? 0 : 1), top + step * 14, major ? 3 : 2, 1), t.engraving);
+    p.fillRect(QRect(tickX + (major ? 0 : 1), top + step * 14, major ? 3 : 2, 1), t.legend);
   }
-  const double labelCentre = tickX - 7.5;
-  DrawPixelTextCentred(p, labelCentre, top - 2, QStringLiteral("+10"), t.engraving);
-  DrawPixelTextCentred(p, labelCentre, top + 26, QStringLiteral("0"), t.engraving);
-  DrawPixelTextCentred(p, labelCentre, top + 54, QStringLiteral("-10"), t.engraving);
+  const int numbersRight = tickX - 3;
+  const int middle = PixelFaceHeight(PixelFace::Tall) / 2;
+  const std::pair<int, const char*> kScale[] = {{0, "+10"}, {28, "0"}, {56, "-10"}};
+  for (const auto& [offset, text] : kScale) {
+    const QString number = QString::fromLatin1(text);
+    const int width = PixelTextWidth(number, 1, PixelFace::Tall);
+    DrawPixelText(p, numbersRight - width + 1, top + offset - middle, number, t.legend, 1,
+                  PixelFace::Tall);
+  }
   // The 0 dB line runs behind the bands and shows between them.
   const int zeroY = top + 28;
   p.fillRect(QRect(L::kFirstBandX, zeroY, L::kBands * L::kBandStep - 2, 1), t.tray.wallShadow);

@@ -39,12 +39,24 @@ constexpr Glyph kSmall[] = {
     {' ', {"...", "...", "...", "...", "..."}},
 };
 
-// Narrow capitals, so that "PRESETS" and a mark beside it fit a 41 px plate.
-constexpr Glyph kCapitals[] = {
+// Narrow, so that "PRESETS" and a mark beside it fit a 41 px plate, and
+// three digits fit under a 14 px slider with a clear gap to the next band's.
+constexpr Glyph kTall[] = {
+    {'0', {".#.", "#.#", "#.#", "#.#", "#.#", "#.#", ".#."}},
+    {'1', {".#.", "##.", ".#.", ".#.", ".#.", ".#.", "###"}},
+    {'2', {".#.", "#.#", "..#", "..#", ".#.", "#..", "###"}},
+    {'3', {"##.", "..#", "..#", ".#.", "..#", "..#", "##."}},
+    {'4', {"#.#", "#.#", "#.#", "###", "..#", "..#", "..#"}},
+    {'5', {"###", "#..", "#..", "##.", "..#", "..#", "##."}},
+    {'6', {".##", "#..", "#..", "##.", "#.#", "#.#", ".#."}},
+    {'7', {"###", "..#", "..#", ".#.", ".#.", ".#.", ".#."}},
+    {'8', {".#.", "#.#", "#.#", ".#.", "#.#", "#.#", ".#."}},
+    {'9', {".#.", "#.#", "#.#", ".##", "..#", "..#", "##."}},
     {'A', {".#.", "#.#", "#.#", "#.#", "###", "#.#", "#.#"}},
     {'D', {"##.", "#.#", "#.#", "#.#", "#.#", "#.#", "##."}},
     {'E', {"###", "#..", "#..", "##.", "#..", "#..", "###"}},
     {'I', {"#", "#", "#", "#", "#", "#", "#"}},
+    {'K', {"#..#", "#..#", "#.#.", "##..", "#.#.", "#..#", "#..#"}},
     {'L', {"#..", "#..", "#..", "#..", "#..", "#..", "###"}},
     {'M', {"#...#", "##.##", "#.#.#", "#.#.#", "#...#", "#...#", "#...#"}},
     {'P', {"##.", "#.#", "#.#", "##.", "#..", "#..", "#.."}},
@@ -54,11 +66,13 @@ constexpr Glyph kCapitals[] = {
     {'T', {"###", ".#.", ".#.", ".#.", ".#.", ".#.", ".#."}},
     {'U', {"#.#", "#.#", "#.#", "#.#", "#.#", "#.#", "###"}},
     {'V', {"#.#", "#.#", "#.#", "#.#", "#.#", ".#.", ".#."}},
+    {'+', {"...", "...", ".#.", "###", ".#.", "...", "..."}},
+    {'-', {"...", "...", "...", "###", "...", "...", "..."}},
     {' ', {"...", "...", "...", "...", "...", "...", "..."}},
 };
 
 std::span<const Glyph> Glyphs(PixelFace face) {
-  if (face == PixelFace::Capitals) return kCapitals;
+  if (face == PixelFace::Tall) return kTall;
   return kSmall;
 }
 
@@ -73,7 +87,7 @@ int GlyphWidth(const Glyph* g) { return g ? static_cast<int>(std::strlen(g->rows
 
 }  // namespace
 
-int PixelFaceHeight(PixelFace face) { return face == PixelFace::Capitals ? 7 : 5; }
+int PixelFaceHeight(PixelFace face) { return face == PixelFace::Tall ? 7 : 5; }
 
 int PixelTextWidth(const QString& text, int spacing, PixelFace face) {
   int width = 0;

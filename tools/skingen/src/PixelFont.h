@@ -1,7 +1,7 @@
 #pragma once
 // Pixel fonts for the tiny legends printed on the skins: a 3 by 5 one for
-// the equalizer's bands and the logo's small line, and 7 px high capitals
-// for the small buttons. At those sizes an outline font only blurs.
+// the logo's small line, and a 7 px high one for the small buttons and the
+// equalizer's scale and bands. At those sizes an outline font only blurs.
 
 #include <QColor>
 #include <QPainter>
@@ -10,8 +10,9 @@
 namespace skingen {
 
 enum class PixelFace {
-  Small,     // 3 by 5, digits, capitals, "+" and "-"
-  Capitals,  // 7 high, mostly 3 wide, the capitals the small buttons use
+  Small,  // 3 by 5, digits, capitals, "+" and "-"
+  Tall,   // 7 high, mostly 3 wide: digits, the capitals the small buttons and the
+          // equalizer use, "+" and "-"
 };
 
 int PixelFaceHeight(PixelFace face);

@@ -26,6 +26,7 @@ Theme DefaultTheme() {
   t.glyphHover = Hex("#ffffff");
   t.glyphPressed = Hex("#b9bcc2");
   t.engraving = Hex("#8d929b");
+  t.legend = Hex("#c0c4ca");
 
   t.accent = Hex("#ff7f1e");
   t.accentBright = Hex("#ffa155");
@@ -70,6 +71,7 @@ Theme AluminiumTheme() {
   t.glyphHover = Hex("#15171a");
   t.glyphPressed = Hex("#2a2d32");
   t.engraving = Hex("#5d636b");
+  t.legend = Hex("#3c4148");
 
   t.accent = Hex("#f07010");
   t.accentBright = Hex("#ff9440");

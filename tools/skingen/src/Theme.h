@@ -31,6 +31,7 @@ struct Theme {
   PlateLook plate, plateHover, platePressed;
   QColor glyph, glyphHover, glyphPressed;
   QColor engraving;  // labels printed on the body
+  QColor legend;     // the equalizer's scale and band names, on the tray's floor
 
   // The one accent, with a brighter and an unlit tone.
   QColor accent, accentBright, accentDim;

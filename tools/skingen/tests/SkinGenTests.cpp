@@ -18,6 +18,7 @@
 #include "Layout.h"
 #include "Manifest.h"
 #include "Paint.h"
+#include "PixelFont.h"
 #include "Preview.h"
 #include "SkinFolder.h"
 #include "SkinWriter.h"
@@ -92,6 +93,33 @@ TEST(SkinIni, HasSeventeenLinesTheLoaderUnderstands) {
     EXPECT_LE(127 * green, 255.4);
     EXPECT_LE(127 * blue, 255.4);
     EXPECT_EQ(value(16), "false");
+  }
+}
+
+// Every character the skins print in the tall face has a glyph: a missing
+// one would silently draw as a blank.
+TEST(PixelFont, TallFaceHasEveryCharacterTheSkinsPrint) {
+  const QString texts[] = {"VIS", "EQ", "PRESETS", "LIST", "MEDIA", "SETUP", "REV",
+                           "+10", "0",  "-10",     "80",   "150",   "300",   "500",
+                           "750", "1K", "3K",      "8K",   "12K",   "15K",   "24679"};
+  for (const QString& text : texts) {
+    const int width = PixelTextWidth(text, 1, PixelFace::Tall);
+    QImage image(width, PixelFaceHeight(PixelFace::Tall), QImage::Format_RGB32);
+    image.fill(Qt::black);
+    {
+      QPainter p(&image);
+      DrawPixelText(p, 0, 0, text, Qt::white, 1, PixelFace::Tall);
+    }
+    int x = 0;
+    for (const QChar c : text) {
+      const int glyph = PixelTextWidth(QString(c), 1, PixelFace::Tall);
+      int ink = 0;
+      for (int y = 0; y < image.height(); ++y) {
+        for (int i = x; i < x + glyph; ++i) ink += image.pixel(i, y) == QColor(Qt::white).rgb();
+      }
+      EXPECT_GT(ink, 0) << text.toStdString() << ": '" << QString(c).toStdString() << "'";
+      x += glyph + 1;
+    }
   }
 }
 
@@ -291,6 +319,78 @@ TEST_F(Generated, TheDisplayIsFlatWhereTheVisualisationStands) {
     }
     for (const QPoint corner : {QPoint(0, 0), QPoint(idle.width() - 1, idle.height() - 1)})
       EXPECT_EQ(idle.pixelColor(corner), zero) << "the idle picture's ground";
+  }
+}
+
+// The box around the pixels of `area` that stand out from `ground` (a
+// contrast of 2:1 or more: JPEG noise stays well below), and the strongest
+// contrast among them.
+struct Ink {
+  QRect box;
+  double contrast = 1;
+};
+
+Ink InkIn(const QImage& image, const QRect& area, const QColor& ground) {
+  Ink ink;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    for (int x = area.left(); x <= area.right(); ++x) {
+      const double c = ContrastRatio(image.pixelColor(x, y), ground);
+      if (c < 2) continue;
+      ink.box |= QRect(x, y, 1, 1);
+      ink.contrast = std::max(ink.contrast, c);
+    }
+  }
+  return ink;
+}
+
+// The equalizer's legends are printed in the tall face where the sliders
+// leave the tray's floor bare: under each slider, within its width, and
+// the scale's numbers between the reverb and the first band, each centred
+// on its mark; each reads at 4.5:1 or more.
+TEST_F(Generated, EqualizerLegendsAreTallAndFitWhereTheSlidersLeaveRoom) {
+  const int tall = PixelFaceHeight(PixelFace::Tall);
+  const int sliderBottom = L::kEqTop + L::kEqSlider.height() - 1;
+  const int trayFloorBottom = L::kPanel.height() - 7;  // the tray's lip is the row below
+  for (const QString skin : {"Default", "Aluminium"}) {
+    SCOPED_TRACE(skin.toStdString());
+    const QImage panel = Load(skin, "main.jpg");
+    const QColor floor = AverageColour(panel, QRect(L::kReverbX + 14, L::kEqTop + 2, 10, 4));
+    const auto check = [&](const Ink& ink, const QString& what) {
+      SCOPED_TRACE(what.toStdString());
+      EXPECT_EQ(ink.box.height(), tall);
+      EXPECT_GE(ink.contrast, kMinimumContrast);
+    };
+    struct Column {
+      int left;
+      const char* text;
+    };
+    std::vector<Column> columns = {{L::kReverbX, "REV"}};
+    const char* bands[] = {"80", "150", "300", "500", "750", "1K", "3K", "8K", "12K", "15K"};
+    for (int b = 0; b < L::kBands; ++b)
+      columns.push_back({L::kFirstBandX + b * L::kBandStep, bands[b]});
+    for (const Column& c : columns) {
+      // Two rows of floor part the legend from the slider's groove.
+      const QRect below(c.left - 1, sliderBottom + 1, L::kEqSlider.width() + 2,
+                        trayFloorBottom - sliderBottom);
+      const Ink ink = InkIn(panel, below, floor);
+      check(ink, c.text);
+      EXPECT_GE(ink.box.top(), sliderBottom + 2) << c.text;
+      EXPECT_GE(ink.box.left(), c.left) << c.text << " reaches under the slider to its left";
+      EXPECT_LE(ink.box.right(), c.left + L::kEqSlider.width() - 1) << c.text;
+      EXPECT_GE(ink.box.width(), PixelTextWidth(c.text, 1, PixelFace::Tall)) << c.text;
+    }
+    // Between the reverb's picture and the first band's, left of the marks.
+    const int gapLeft = L::kReverbX + L::kEqSlider.width();
+    const int marks = L::kFirstBandX - 4;
+    const int top = L::kEqTop + 12;
+    const std::pair<int, const char*> scale[] = {{0, "+10"}, {28, "0"}, {56, "-10"}};
+    for (const auto& [offset, text] : scale) {
+      const QRect beside(gapLeft, top + offset - tall, marks - 1 - gapLeft, 2 * tall);
+      const Ink ink = InkIn(panel, beside, floor);
+      check(ink, text);
+      EXPECT_NEAR(ink.box.top() + ink.box.height() / 2.0, top + offset + 0.5, 0.5) << text;
+      EXPECT_GE(ink.box.width(), PixelTextWidth(text, 1, PixelFace::Tall)) << text;
+    }
   }
 }
 
