@@ -96,8 +96,8 @@ TEST(SkinIni, HasSeventeenLinesTheLoaderUnderstands) {
   }
 }
 
-// Every character the skins print in the tall face has a glyph: a missing
-// one would silently draw as a blank.
+// Every character the skins print in the tall face, and every digit, has a
+// glyph: a missing one would silently draw as a blank.
 TEST(PixelFont, TallFaceHasEveryCharacterTheSkinsPrint) {
   const QString texts[] = {"VIS", "EQ", "PRESETS", "LIST", "MEDIA", "SETUP", "REV",
                            "+10", "0",  "-10",     "80",   "150",   "300",   "500",
