@@ -225,31 +225,31 @@ void FormHost::SyncSurfaces() {
   }
 }
 
-// Where painting `dirty` starts: at the topmost opaque box that covers it
-// whole, as nothing beneath shows (a frame of the visualisation paints only
-// itself); at the form itself, 0, when none does. The result is one past the
-// control it names.
-std::size_t FormHost::PaintFrom(const QRect& dirty) const {
+// The topmost opaque box that covers `dirty` whole, as an index into the
+// form's controls, or their count when none does. Nothing beneath it shows,
+// so a frame of the visualisation paints only itself.
+std::size_t FormHost::Cover(const QRect& dirty) const {
   const auto& controls = form_.Controls();
   for (std::size_t i = controls.size(); i > 0; --i) {
     const auto* box = dynamic_cast<const PictureBox*>(controls[i - 1]);
-    if (box && !box->Transparent && box->Shown() && VisibleRect(*box).contains(dirty)) return i;
+    if (box && !box->Transparent && box->Shown() && VisibleRect(*box).contains(dirty)) return i - 1;
   }
-  return 0;
+  return controls.size();
 }
 
 void FormHost::paintEvent(QPaintEvent* event) {
   settled_ = true;
   QPainter painter(this);
   const QRect dirty = event->rect();
-  const std::size_t from = PaintFrom(dirty);
-  if (from == 0) {
+  const auto& controls = form_.Controls();
+  const std::size_t cover = Cover(dirty);
+  const bool covered = cover < controls.size();
+  if (!covered) {
     painter.fillRect(dirty, ToQColor(form_.BackColor));
     if (const Image* image = form_.Picture.get().Pixels())
       painter.drawImage(0, 0, ToQImage(*image));
   }
-  const auto& controls = form_.Controls();
-  for (std::size_t i = from == 0 ? 0 : from - 1; i < controls.size(); ++i) {
+  for (std::size_t i = covered ? cover : 0; i < controls.size(); ++i) {
     const Control* control = controls[i];
     if (!control->Shown()) continue;
     const QRect area = VisibleRect(*control) & dirty;

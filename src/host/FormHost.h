@@ -64,7 +64,7 @@ class FormHost final : public QWidget {
 
  private:
   Control* ControlAt(const QPoint& pixel) const;
-  std::size_t PaintFrom(const QRect& dirty) const;
+  std::size_t Cover(const QRect& dirty) const;
   // The control under `pixel` that takes dropped files, or null.
   Control* FileDropTarget(const QPoint& pixel) const;
   void SyncWindow();

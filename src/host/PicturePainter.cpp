@@ -19,7 +19,8 @@ void PaintIndexed(QPainter& painter, const IndexedImage& image, int x, int y) {
   for (int i = 0; i < 256; ++i) table[i] = 0xFF000000u | image.palette[static_cast<size_t>(i)];
   frame.setColorTable(table);
   for (int row = 0; row < image.height; ++row) {
-    const auto* from = image.pixels.data() + static_cast<size_t>(row) * image.width;
+    const auto* from =
+        image.pixels.data() + static_cast<size_t>(row) * static_cast<size_t>(image.width);
     std::copy(from, from + image.width, frame.scanLine(image.height - 1 - row));
   }
   painter.drawImage(x, y, frame);
