@@ -38,7 +38,6 @@ Playlist::Playlist() : SkinnedForm("Playlist") {
   ItemsLabel.Move(120, 4530 - 350, 2500, 255);
   Shape1.Move(120, 4530 - 360, 4000 - 500, 15);
   Shape1.BackColor = 0x808080;
-  ItemsLabel.ForeColor = 0x808080;
   ResizeArea.Move(4000 - 195, 4530 - 195, 195, 195);
   ResizeArea.FontSize = 7;
   AnchorFrame();

@@ -52,8 +52,10 @@ void ApplyTextColours() {
   auto& p = program();
   auto& main = p.Main();
   auto& playlist = p.Playlist();
+  // The playlist's count stands on the frame the menu captions stand on, so
+  // it takes their colour (a fixed grey read under 4.5:1 on both skins).
   SetTextColour(LineColour(1), main.Label1, main.Label3, main.Label4, playlist.Label1,
-                playlist.Label3);
+                playlist.Label3, playlist.ItemsLabel);
   SetTextColour(LineColour(2), main.TSec, main.TotalTime, main.Titlu, main.StarePlayer,
                 main.InfoIDTag, main.LabelVideo, main.labBitRate);
   SetTextColour(LineColour(3), main.MultimediaInfoLabel, main.labSize, main.labLength,

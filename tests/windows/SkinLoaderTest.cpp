@@ -131,6 +131,7 @@ TEST_F(SkinLoader, LinesAreReadByPlaceAndTheirValueIsWhatFollowsTheLastEquals) {
   auto& playlist = P().Playlist();
   EXPECT_EQ(main.Label1.ForeColor.get(), 0xFFFFFFu);
   EXPECT_EQ(playlist.Label3.ForeColor.get(), 0xFFFFFFu);
+  EXPECT_EQ(playlist.ItemsLabel.ForeColor.get(), 0xFFFFFFu);
   EXPECT_EQ(main.TSec.ForeColor.get(), 0x00FFFFu) << "yellow is 0x00BBGGRR 00 FF FF";
   EXPECT_EQ(main.labSize.ForeColor.get(), 0x00FFFFu) << "Cyan is no name";
   EXPECT_EQ(main.ResizeArea.ForeColor.get(), 0x00FFFFu);
