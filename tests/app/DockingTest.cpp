@@ -32,9 +32,7 @@ constexpr int kPanel = Panel::kHeight;
 class Docking : public ::testing::Test {
  protected:
   void SetUp() override {
-    if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
-    if (!Hand::Available() || !Panel::Available() || !XServer::HasWindowManager())
-      GTEST_SKIP() << "no xdotool, openbox or trayer";
+    if (const std::string missing = Panel::Missing(x); !missing.empty()) GTEST_SKIP() << missing;
     ASSERT_TRUE(x.StartWindowManager());  // before the panel comes
     ASSERT_TRUE(panel.Start(x)) << "no panel on " << x.display();
     // The playlist docked below the main window; no tray icon.

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "Hand.h"
 #include "PlayerProcess.h"
 
 namespace yarvo::test {
@@ -12,6 +13,13 @@ namespace yarvo::test {
 using namespace std::chrono_literals;
 
 bool Panel::Available() { return std::system("command -v trayer >/dev/null") == 0; }
+
+std::string Panel::Missing(const XServer& x) {
+  if (!x.ready()) return "no Xvfb on this machine";
+  if (!Hand::Available() || !Available() || !XServer::HasWindowManager())
+    return "no xdotool, openbox or trayer";
+  return "";
+}
 
 // Now and then (seen on a busy machine) trayer leaves its panel unmapped and
 // outside the window manager's hands; a second start shows it.

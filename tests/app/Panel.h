@@ -4,6 +4,7 @@
 // begins below it) and is an XEmbed notification area.
 
 #include <memory>
+#include <string>
 
 #include "XServer.h"
 #include "support/SoundServer.h"
@@ -14,12 +15,15 @@ class Panel {
  public:
   static constexpr int kHeight = 24;
 
-  static bool Available();
+  // Why a desktop with a window manager, a panel and a hand can't be staged
+  // on `x`; "" when it can.
+  static std::string Missing(const XServer& x);
   // Starts the panel on `x`, where a window manager runs; false when no
   // panel shows.
   bool Start(const XServer& x);
 
  private:
+  static bool Available();
   std::unique_ptr<ChildProcess> process_;
 };
 

@@ -65,9 +65,7 @@ std::optional<XServer::Window> PlayerWindowInside(Display* display, ::Window par
 class Tray : public ::testing::Test {
  protected:
   void SetUp() override {
-    if (!x.ready()) GTEST_SKIP() << "no Xvfb on this machine";
-    if (!Hand::Available() || !Panel::Available() || !XServer::HasWindowManager())
-      GTEST_SKIP() << "no xdotool, openbox or trayer";
+    if (const std::string missing = Panel::Missing(x); !missing.empty()) GTEST_SKIP() << missing;
     ASSERT_TRUE(x.StartWindowManager());  // before the panel comes
     ASSERT_TRUE(panel.Start(x)) << "no notification area on " << x.display();
   }
