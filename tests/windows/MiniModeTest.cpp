@@ -146,17 +146,6 @@ TEST_F(MiniMode, TheMiniBarsDriveMainsAndTheMirrorSnapsThemBack) {
   EXPECT_EQ(static_cast<double>(main.SliderMoveMultimedia(0).value), 20);
 }
 
-TEST_F(MiniMode, TheVolumeSetInTheMiniWindowComesBackAfterARestart) {
-  Mini()->Volum.value = 37;
-  RunEvent(Mini()->Volum.Change);
-  EXPECT_THROW(Mini()->MiniForm_CloseButton_Click(), ProcessEnd);
-  Restart();
-  clock.Advance(2000);
-  ASSERT_NE(Mini(), nullptr);
-  EXPECT_EQ(static_cast<double>(M().Volum.value), 37);
-  EXPECT_EQ(static_cast<double>(Mini()->Volum.value), 37);
-}
-
 TEST_F(MiniMode, CloseFromTheMiniWindowLeavesMainAtItsPlace) {
   Mini()->Move(4500, 1500, Mini()->Width, Mini()->Height);
   EXPECT_THROW(Mini()->MiniForm_CloseButton_Click(), ProcessEnd);
