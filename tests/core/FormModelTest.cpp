@@ -7,6 +7,7 @@
 #include "core/form/Form.h"
 #include "core/form/Label.h"
 #include "core/form/OptionButton.h"
+#include "core/form/PictureBox.h"
 #include "core/form/RuntimeError.h"
 #include "core/form/TextBox.h"
 
@@ -23,6 +24,7 @@ struct ProbeForm : Form {
   OptionButton A{this, "A", "a", Group, true};
   OptionButton B{this, "B", "b", Group, false};
   OptionButton C{this, "C", "c", Group, false};
+  PictureBox Surface{this, "Surface"};
 };
 
 TEST(FormModel, ChangeHandlersRunOnlyWhenTheValueChanges) {
@@ -40,6 +42,27 @@ TEST(FormModel, ChangeHandlersRunOnlyWhenTheValueChanges) {
   form.Check.Value = 1;
   form.Check.Value = 0;
   EXPECT_EQ(clicks, 2);
+}
+
+// A frame drawn on a box is told apart from the box's own changes, so that
+// the host can show the frame without repainting the box; a new picture
+// takes the drawing away, and both are told.
+TEST(FormModel, ANewDrawingIsToldApartFromTheBoxsOtherChanges) {
+  ProbeForm form;
+  form.TakeChanges();
+  form.Surface.Drawing = std::make_shared<IndexedImage>();
+  form.Surface.Drawing = std::make_shared<IndexedImage>();
+  EXPECT_TRUE(form.Changed());
+  Form::Changes changes = form.TakeChanges();
+  EXPECT_EQ(changes.drawings, std::vector<PictureBox*>{&form.Surface});
+  EXPECT_TRUE(changes.controls.empty());
+  EXPECT_FALSE(form.Changed());
+
+  form.Surface.Picture = Picture(std::make_shared<Image>(), "idle.bmp");
+  changes = form.TakeChanges();
+  EXPECT_EQ(form.Surface.Drawing.get(), nullptr);
+  EXPECT_EQ(changes.drawings, std::vector<PictureBox*>{&form.Surface});
+  EXPECT_EQ(changes.controls, std::vector<Control*>{&form.Surface});
 }
 
 TEST(FormModel, SettingAnOptionTurnsItsGroupOffAndClicksOnlyItself) {

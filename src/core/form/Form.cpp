@@ -1,5 +1,7 @@
 #include "core/form/Form.h"
 
+#include "core/form/PictureBox.h"
+
 namespace yarvo {
 
 Form::Form(std::string name) : name_(std::move(name)) {
@@ -20,10 +22,12 @@ Control* Form::FindControl(const std::string& name, int index) const {
 }
 
 Form::Changes Form::TakeChanges() {
-  Changes changes{windowChanged_, std::move(changedControls_)};
+  Changes changes{windowChanged_, std::move(changedControls_), std::move(changedDrawings_)};
   windowChanged_ = false;
   changedControls_.clear();
+  changedDrawings_.clear();
   for (Control* control : changes.controls) control->changed_ = false;
+  for (PictureBox* box : changes.drawings) box->drawingChanged_ = false;
   return changes;
 }
 

@@ -28,6 +28,8 @@ struct WindowRegion {
   bool operator==(const WindowRegion&) const = default;
 };
 
+class PictureBox;
+
 class Form : public PropertyOwner {
   // First: the properties below, and those of subclasses, are this form's.
   OwnsLaterProperties ownership_{this};
@@ -71,13 +73,17 @@ class Form : public PropertyOwner {
 
   // What changed since the host last asked: the form's own properties
   // (caption, place, visibility...) and, once each in the order they
-  // changed, the controls whose properties changed.
+  // changed, the controls whose properties changed and the boxes whose
+  // Drawing changed. A new drawing alone leaves the rest of its box as it was.
   struct Changes {
     bool window = false;
     std::vector<Control*> controls;
+    std::vector<PictureBox*> drawings;
   };
   Changes TakeChanges();
-  bool Changed() const { return windowChanged_ || !changedControls_.empty(); }
+  bool Changed() const {
+    return windowChanged_ || !changedControls_.empty() || !changedDrawings_.empty();
+  }
   void PropertyChanged() override { windowChanged_ = true; }
 
   std::function<void()> Load;
@@ -102,6 +108,7 @@ class Form : public PropertyOwner {
 
  private:
   friend class Control;
+  friend class PictureBox;
   void Register(Control* control) { controls_.push_back(control); }
 
   std::string name_;
@@ -109,6 +116,7 @@ class Form : public PropertyOwner {
   Control* focused_ = nullptr;
   bool windowChanged_ = true;  // a new form is drawn whole
   std::vector<Control*> changedControls_;
+  std::vector<PictureBox*> changedDrawings_;
 };
 
 }  // namespace yarvo

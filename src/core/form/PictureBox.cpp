@@ -1,5 +1,6 @@
 #include "core/form/PictureBox.h"
 
+#include "core/form/Form.h"
 #include "core/form/Twips.h"
 
 namespace yarvo {
@@ -15,6 +16,12 @@ PictureBox::PictureBox(Form* owner, std::string name, int index)
       Height = pixels->height * kTwipsPerPixel;
     }
   });
+}
+
+void PictureBox::DrawingOwner::PropertyChanged() {
+  if (box_.drawingChanged_) return;
+  box_.drawingChanged_ = true;
+  box_.Owner().changedDrawings_.push_back(&box_);
 }
 
 void PictureBox::Cls() {

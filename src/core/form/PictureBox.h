@@ -18,9 +18,26 @@ class PictureBox : public Control {
   Property<yarvo::Picture> Picture;
   Property<bool> Transparent{false};
   Property<bool> Stretch{false};
+
+ private:
+  // Tells the form of a new drawing apart from the box's other changes
+  // (Form::Changes::drawings), so that a frame need not repaint the box.
+  class DrawingOwner final : public PropertyOwner {
+   public:
+    explicit DrawingOwner(PictureBox& box) : box_(box) {}
+    void PropertyChanged() override;
+
+   private:
+    PictureBox& box_;
+  };
+  DrawingOwner drawingOwner_{*this};
+  bool drawingChanged_ = false;
+  friend class Form;
+
+ public:
   // A picture drawn on the surface at (0, 0) by the program, over Picture:
   // gone when Picture changes or the surface is cleared.
-  Property<std::shared_ptr<const IndexedImage>> Drawing;
+  Property<std::shared_ptr<const IndexedImage>> Drawing{drawingOwner_};
   StringField Caption;  // frames and buttons carry one
 
   // Clears what the program drew, and the picture.

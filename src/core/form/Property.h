@@ -66,6 +66,8 @@ class Property {
  public:
   Property() = default;
   explicit Property(T initial) : value_(std::move(initial)) {}
+  // A property told to another owner than the object it is a member of.
+  explicit Property(PropertyOwner& owner) : owner_(&owner) {}
   // A property is a place, not a value: it is never copied, but assigning one
   // property to another copies the value, as the program's code does.
   Property(const Property&) = delete;
