@@ -24,6 +24,7 @@
 #include "core/form/ListBox.h"
 #include "core/form/PictureBox.h"
 #include "host/ControlPainter.h"
+#include "host/DrawingSurface.h"
 #include "host/PicturePainter.h"
 #include "host/SystemColours.h"
 #include "host/VirtualKey.h"
@@ -178,6 +179,7 @@ void FormHost::Sync() {
   if (isMinimized() != minimized)
     setWindowState(minimized ? Qt::WindowMinimized : Qt::WindowNoState);
   SyncSurfaces();
+  SyncDrawings(changes.drawings);
   Repaint(changes);
   syncing_ = false;
 }
@@ -196,6 +198,10 @@ void FormHost::Repaint(const Form::Changes& changes) {
     QRect& before = drawn_[control];
     update(before | now);
     before = now;
+  }
+  for (const PictureBox* box : changes.drawings) {
+    const DrawingSurface* surface = SurfaceOf(box);
+    if (!surface || surface->isHidden()) update(WindowRect(*box));
   }
 }
 
@@ -223,6 +229,44 @@ void FormHost::SyncSurfaces() {
     if (surface->geometry() != wanted) surface->setGeometry(wanted);
     if (surface->isVisible() != box->Shown()) surface->setVisible(box->Shown());
   }
+}
+
+void FormHost::SyncDrawings(const std::vector<PictureBox*>& changed) {
+  for (PictureBox* box : changed) {
+    if (!drawsOnSurfaces_ || !box->Drawing.get() || SurfaceOf(box)) continue;
+    auto surface = DrawingSurface::Make(this);
+    drawsOnSurfaces_ = surface != nullptr;
+    if (surface) drawings_.emplace_back(box, std::move(surface));
+  }
+  for (const auto& [box, surface] : drawings_) {
+    const auto& drawing = box->Drawing.get();
+    const QRect whole = WindowRect(*box);
+    const QRect place =
+        drawing ? QRect(whole.topLeft(), QSize(drawing->width, drawing->height)) & VisibleRect(*box)
+                : QRect();
+    const bool shown = box->Shown() && !place.isEmpty() && !Overlaid(*box, place);
+    if (shown) {
+      if (surface->geometry() != place) surface->setGeometry(place);
+      surface->Show(drawing, whole.topLeft() - place.topLeft());
+    }
+    if (surface->isHidden() == shown) surface->setVisible(shown);
+  }
+}
+
+// Whether a control above `box` shows over `place`: a surface would hide it.
+bool FormHost::Overlaid(const PictureBox& box, const QRect& place) const {
+  const auto& controls = form_.Controls();
+  const auto above = std::ranges::find(controls, &box);
+  return std::any_of(above == controls.end() ? above : above + 1, controls.end(),
+                     [&](const Control* control) {
+                       return control->Shown() && VisibleRect(*control).intersects(place);
+                     });
+}
+
+DrawingSurface* FormHost::SurfaceOf(const PictureBox* box) const {
+  const auto found =
+      std::ranges::find_if(drawings_, [box](const auto& drawing) { return drawing.first == box; });
+  return found == drawings_.end() ? nullptr : found->second.get();
 }
 
 // The topmost opaque box that covers `dirty` whole, as an index into the

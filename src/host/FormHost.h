@@ -22,6 +22,7 @@
 namespace yarvo {
 
 class Control;
+class DrawingSurface;
 class PictureBox;
 
 class FormHost final : public QWidget {
@@ -77,12 +78,22 @@ class FormHost final : public QWidget {
   // Native child windows for the controls that show video.
   void MakeSurfaces();
   void SyncSurfaces();
+  // The boxes the program draws on show their drawings on surfaces of their
+  // own; a box gets one with its first drawing. Where another control lies
+  // over the drawing, the drawing is painted with the form instead.
+  void SyncDrawings(const std::vector<PictureBox*>& changed);
+  DrawingSurface* SurfaceOf(const PictureBox* box) const;
+  bool Overlaid(const PictureBox& box, const QRect& place) const;
   void Repaint(const Form::Changes& changes);
   // A step of a move or size: the rectangle the pointer asks for, as the
   // form takes it.
   void DragStep(int hitCode, const QRect& wanted);
 
   std::vector<std::pair<PictureBox*, std::unique_ptr<QWidget>>> surfaces_;
+  std::vector<std::pair<PictureBox*, std::unique_ptr<DrawingSurface>>> drawings_;
+  // Off once the window system has refused a drawing surface: drawings are
+  // then painted with the rest of the form.
+  bool drawsOnSurfaces_ = true;
   // Where each control was last drawn, so that a moved one is cleared.
   std::unordered_map<const Control*, QRect> drawn_;
 

@@ -134,6 +134,16 @@ TEST_F(EndToEnd, APersonPlaysArrangesAndClosesAndTheFilesKeepItAll) {
   const int buttonsX = main.x + main.width - 80 + 4, buttonsY = main.y + 24 + 8;
   hand.Click(buttonsX + 56, buttonsY + 32);  // next
   EXPECT_TRUE(ear->Hears(kFirstHalf[3])) << "the fourth song; heard " << ear->Heard();
+
+  // The visualisation draws the tone: a column of the spectrum's reds.
+  const Pixels frame = Screenshot(x.display());
+  int reds = 0;
+  for (int y = 0; y < 40; ++y)
+    for (int dx = 0; dx < 160; ++dx) {
+      const Rgb pixel = frame.At(main.x + 8 + 136 + dx, main.y + 24 + 48 + y);
+      reds += pixel.r > 150 && pixel.g < 100 && pixel.b < 100;
+    }
+  EXPECT_GT(reds, 40) << "the visualisation shows the song";
   hand.Click(buttonsX + 32, buttonsY + 8);  // pause
   EXPECT_TRUE(ear->HearsSilence()) << "paused";
   hand.Click(buttonsX + 32, buttonsY + 28);  // play
