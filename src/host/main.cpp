@@ -34,11 +34,6 @@ namespace {
 void ChoosePlatform() {
   const bool display = std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY");
   setenv("QT_QPA_PLATFORM", display ? "xcb" : "offscreen", 0);
-  // The windows repaint a few controls at a time. With X's shared-memory
-  // images Qt waits for the server before it paints a region again, a round
-  // trip at every frame of the visualisation; plain image requests cost
-  // nothing at these sizes.
-  setenv("QT_XCB_NO_MITSHM", "1", 0);
 }
 
 // The media service asks our windows for their size while the program runs.
