@@ -39,8 +39,22 @@ int Alignment(const Label& label) {
   }
 }
 
+// Marlett's "o", the size grip: three ridges across the bottom right corner,
+// clear of the window's rounded edge. The desktops here have no Marlett, and
+// this is the one letter of it the windows show.
+void PaintSizeGrip(QPainter& p, const QColor& ink, const QRect& r) {
+  p.setPen(ink);
+  const int right = r.right() - 3, bottom = r.bottom() - 3;
+  for (int reach = 2; reach <= 8; reach += 3)
+    p.drawLine(right - reach, bottom, right, bottom - reach);
+}
+
 void PaintLabel(QPainter& p, const Label& label, const QRect& r) {
   if (label.BackStyleOpaque) p.fillRect(r, ToQColor(label.BackColor));
+  if (label.FontName == "Marlett" && label.Caption == "o") {
+    PaintSizeGrip(p, ToQColor(label.ForeColor), r);
+    return;
+  }
   p.setFont(ControlFont(label));
   p.setPen(ToQColor(label.ForeColor));
   p.drawText(r, Alignment(label) | Qt::AlignVCenter | Qt::TextSingleLine, Q(label.Caption));

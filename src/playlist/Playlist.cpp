@@ -40,6 +40,7 @@ Playlist::Playlist() : SkinnedForm("Playlist") {
   Shape1.BackColor = 0x808080;
   ResizeArea.Move(4000 - 195, 4530 - 195, 195, 195);
   ResizeArea.FontSize = 7;
+  ResizeArea.FontName = "Marlett";
   AnchorFrame();
   ScrollTimer.Tick = [this] { Playlist_ScrollTimer_Timer(); };
   ScrollTimer.Quiet = true;

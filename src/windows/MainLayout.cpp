@@ -102,6 +102,7 @@ void BottomRow(Main& main) {
   main.Volum.Move(3480, 3480, 1395, 255);
   main.ResizeArea.Move(6360, 3720, 195, 195);
   main.ResizeArea.FontSize = 7;
+  main.ResizeArea.FontName = "Marlett";
 }
 
 }  // namespace

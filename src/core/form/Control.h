@@ -50,6 +50,9 @@ class Control : public PropertyOwner {
   Property<int> MousePointer{0};
   // The text's font: the desktop's sans-serif face at this size in points.
   Property<int> FontSize{8};
+  // A face other than that one. Marlett is the symbol font whose letters are
+  // the window system's small pictures; its "o" is the size grip.
+  StringField FontName;
   Property<bool> FontBold{false};
 
   void Move(int left, int top, int width, int height);
