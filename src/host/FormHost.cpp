@@ -271,7 +271,7 @@ DrawingSurface* FormHost::SurfaceOf(const PictureBox* box) const {
 
 // The topmost opaque box that covers `dirty` whole, as an index into the
 // form's controls, or their count when none does. Nothing beneath it shows,
-// so a frame of the visualisation paints only itself.
+// so a change inside an opaque box repaints from that box up.
 std::size_t FormHost::Cover(const QRect& dirty) const {
   const auto& controls = form_.Controls();
   for (std::size_t i = controls.size(); i > 0; --i) {
