@@ -40,12 +40,12 @@ int Alignment(const Label& label) {
 }
 
 // Marlett's "o", the size grip: three ridges across the bottom right corner,
-// clear of the window's rounded edge. The desktops here have no Marlett, and
+// clear of the window's bevelled, rounded edge. The desktops here have no Marlett, and
 // this is the one letter of it the windows show.
 void PaintSizeGrip(QPainter& p, const QColor& ink, const QRect& r) {
   p.setPen(ink);
-  const int right = r.right() - 3, bottom = r.bottom() - 3;
-  for (int reach = 2; reach <= 8; reach += 3)
+  const int right = r.right() - 4, bottom = r.bottom() - 4;
+  for (int reach = 1; reach <= 7; reach += 3)
     p.drawLine(right - reach, bottom, right, bottom - reach);
 }
 
