@@ -40,8 +40,8 @@ int Alignment(const Label& label) {
 }
 
 // Marlett's "o", the size grip: three ridges across the bottom right corner,
-// clear of the window's bevelled, rounded edge. The desktops here have no Marlett, and
-// this is the one letter of it the windows show.
+// clear of the window's bevelled, rounded edge. The desktops here have no
+// Marlett, and this is the one letter of it the windows show.
 void PaintSizeGrip(QPainter& p, const QColor& ink, const QRect& r) {
   p.setPen(ink);
   const int right = r.right() - 4, bottom = r.bottom() - 4;
